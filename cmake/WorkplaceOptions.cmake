@@ -1,0 +1,30 @@
+# What every target of ours is built with. Link `workplace_options` PRIVATE: it is no part of any public face.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# One place for what is loaded and run, so that programs find libraries and plugins beside them, built or installed.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+set(WORKPLACE_PLUGIN_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/plugins")
+set(WORKPLACE_PLUGIN_INSTALL_DIRECTORY "${CMAKE_INSTALL_LIBDIR}/haitor-workplace/plugins")
+
+add_library(workplace_options INTERFACE)
+target_compile_options(workplace_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+target_compile_definitions(workplace_options INTERFACE
+  QT_NO_CAST_FROM_ASCII
+  QT_NO_CAST_TO_ASCII
+  QT_NO_KEYWORDS
+  QT_NO_URL_CAST_FROM_STRING
+  QT_DISABLE_DEPRECATED_BEFORE=0x050F00
+  # Debian ships Qt's release libraries only, and a plugin says in its metadata which kind it was built for:
+  # always the release kind, with Qt's assertions kept where they help.
+  QT_NO_DEBUG
+  $<$<CONFIG:Debug>:QT_FORCE_ASSERTS>)

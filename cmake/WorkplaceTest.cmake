@@ -1,0 +1,25 @@
+# workplace_add_test(<name> [SOURCES …] [LIBRARIES …] [LABEL unit|system|slow] [TIMEOUT seconds] [DEFINITIONS …])
+# One Qt Test program made of <name>.cpp and SOURCES. Labels: unit (no process, no terminal, no waiting), system (runs
+# the built programs), slow (system, and longer than ten seconds).
+
+find_package(Qt5 5.15 REQUIRED COMPONENTS Test)
+
+function(workplace_add_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "LABEL;TIMEOUT" "SOURCES;LIBRARIES;DEFINITIONS")
+  if(NOT arg_LABEL)
+    set(arg_LABEL unit)
+  endif()
+  if(NOT arg_TIMEOUT)
+    set(arg_TIMEOUT 60)
+  endif()
+
+  add_executable(${name} ${name}.cpp ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE workplace_options Qt5::Test ${arg_LIBRARIES})
+  target_compile_definitions(${name} PRIVATE ${arg_DEFINITIONS})
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES
+    LABELS ${arg_LABEL}
+    TIMEOUT ${arg_TIMEOUT}
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=UTC;LC_ALL=C.UTF-8")
+endfunction()
