@@ -1,7 +1,6 @@
 #include <lib_utilities/d_object.h>
 
-DObject::DObject(const QString& objectName, QObject* parent)
-    : QObject(parent)
+DObject::DObject(const QString& objectName, QObject* parent) : QObject(parent)
 {
     setObjectName(objectName);
 }

@@ -8,8 +8,7 @@ constexpr qint64 c_nanosecondsPerMicrosecond = 1000;
 
 Clock::~Clock() = default;
 
-SystemClock::SystemClock(QObject* parent)
-    : QObject(parent)
+SystemClock::SystemClock(QObject* parent) : QObject(parent)
 {
     m_elapsed.start();
 }
