@@ -4,6 +4,8 @@
 #include <QString>
 #include <QVariant>
 
+#include <lib_plugins_management/export.h>
+
 /// One instruction as a command has sent it.
 struct DInstruction
 {
@@ -19,10 +21,10 @@ struct DInstruction
 
 /// What a running command asks of the order that runs it. An order is a QObject that also implements this; it is given
 /// to the command with ICommand::linkWithItsOrder(). Nothing here calls back into the command.
-class IOrder
+class LIB_PLUGINS_MANAGEMENT_EXPORT IOrder
 {
 public:
-    virtual ~IOrder() = default;
+    virtual ~IOrder();
 
     virtual quint64 orderId() const = 0;
     /// A run may begin.

@@ -3,13 +3,15 @@
 #include <QString>
 #include <QVariant>
 
+#include <lib_plugins_management/export.h>
+
 class DAbstractPlugin;
 
 /// What a plugin instance tells the host that it lives in.
-class IPluginHost
+class LIB_PLUGINS_MANAGEMENT_EXPORT IPluginHost
 {
 public:
-    virtual ~IPluginHost() = default;
+    virtual ~IPluginHost();
 
     /// A property has another value than before.
     virtual void propertyChanged(DAbstractPlugin& plugin, const QString& name, const QVariant& value) = 0;

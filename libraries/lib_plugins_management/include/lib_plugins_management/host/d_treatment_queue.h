@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QMap>
+#include <QObject>
+#include <QPointer>
+#include <QVariant>
+
+#include <deque>
+#include <map>
+#include <memory>
+
+#include <lib_plugins_management/export.h>
+
+class DAbstractPlugin;
+class DAbstractPluginBackend;
+class DInstanceRegistry;
+class DOrder;
+class DRouter;
+
+/// Runs what panel backends ask for: the treatments of one device one at a time and in order, each as a command of that
+/// device, each answered once.
+///
+/// Panel backends are made by a QML engine, which cannot hand them their host: there is one queue in a process, and a
+/// backend finds it with current().
+class LIB_PLUGINS_MANAGEMENT_EXPORT DTreatmentQueue : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The router and the registry outlive the queue.
+    DTreatmentQueue(DRouter& router, const DInstanceRegistry& registry, QObject* parent = nullptr);
+    ~DTreatmentQueue() override;
+
+    /// Null while there is no host.
+    static DTreatmentQueue* current();
+
+    /// Null when the host has no such device (yet).
+    DAbstractPlugin* findDevice(const QString& objectId) const;
+    /// The line of the device's driver is open.
+    bool isConnected(const DAbstractPlugin& device) const;
+
+    void queue(DAbstractPluginBackend& backend, DAbstractPlugin& device, int index, const QString& treatment,
+               const QMap<QString, QVariant>& parameters);
+
+    /// The host tells.
+    void instanceAdded(DAbstractPlugin& instance);
+    void pluginDestroyed(DAbstractPlugin& plugin);
+    void propertyChanged(DAbstractPlugin& plugin, const QString& name);
+
+Q_SIGNALS:
+    void sigInstanceAdded(DAbstractPlugin* instance);
+    void sigInstanceRemoved(DAbstractPlugin* instance);
+    void sigConnectionChanged();
+
+private:
+    struct Treatment
+    {
+        QPointer<DAbstractPluginBackend> backend; // null: the panel has gone, nobody wants the reply
+        int index;
+        QString name;
+        QMap<QString, QVariant> parameters;
+    };
+    struct Line
+    {
+        std::deque<Treatment> waiting; // the first one runs
+        std::unique_ptr<DOrder> running;
+    };
+
+    void runNext(DAbstractPlugin* device);
+    void answer(DAbstractPlugin* device, const QMap<QString, QVariant>& reply);
+
+    DRouter& m_router;
+    const DInstanceRegistry& m_registry;
+    std::map<DAbstractPlugin*, Line> m_lines; // by device
+};

@@ -1,0 +1,141 @@
+#include <lib_plugins_management/d_abstract_plugin_backend.h>
+
+#include <QTimer>
+
+#include <lib_plugins_management/d_abstract_plugin.h>
+#include <lib_plugins_management/host/d_treatment_queue.h>
+
+#include "d_abstract_plugin_backend_p.h"
+
+DAbstractPluginBackendPrivate::DAbstractPluginBackendPrivate(DAbstractPluginBackend& backend) : q(backend) {}
+
+void DAbstractPluginBackendPrivate::attach()
+{
+    if (queue.isNull()) {
+        queue = DTreatmentQueue::current();
+        if (queue.isNull()) {
+            return;
+        }
+        QObject::connect(queue, &DTreatmentQueue::sigInstanceAdded, &q, [this] { attach(); });
+        QObject::connect(queue, &DTreatmentQueue::sigInstanceRemoved, &q, [this](const DAbstractPlugin* instance) {
+            if (instance == device.data()) {
+                setDevice(nullptr);
+            }
+        });
+        QObject::connect(queue, &DTreatmentQueue::sigConnectionChanged, &q, [this] { updateConnected(); });
+    }
+    DAbstractPlugin* found = queue->findDevice(objectId);
+    if (found != device.data()) {
+        setDevice(found);
+    }
+}
+
+void DAbstractPluginBackendPrivate::setDevice(DAbstractPlugin* found)
+{
+    device = found;
+    updateConnected();
+    if (found != nullptr) {
+        QTimer::singleShot(0, &q, &DAbstractPluginBackend::abstractBackendInitialized);
+    }
+}
+
+void DAbstractPluginBackendPrivate::updateConnected()
+{
+    const bool connected = !queue.isNull() && !device.isNull() && queue->isConnected(*device);
+    if (connected != isConnected) {
+        isConnected = connected;
+        Q_EMIT q.isConnectedChanged();
+    }
+}
+
+void DAbstractPluginBackendPrivate::answer(int index, const QString& treatment, const QMap<QString, QVariant>& reply)
+{
+    --pending;
+    const QPointer<DAbstractPluginBackend> guard(&q);
+    guard->applyTreatmentReply(index, treatment, reply);
+    if (!guard.isNull()) {
+        guard->treatmentReleased(index);
+    }
+}
+
+DAbstractPluginBackend::DAbstractPluginBackend(const QString& backendName, QObject* parent)
+    : QObject(parent), d_ptr(new DAbstractPluginBackendPrivate(*this))
+{
+    setObjectName(backendName);
+}
+
+DAbstractPluginBackend::~DAbstractPluginBackend() = default;
+
+QString DAbstractPluginBackend::name() const
+{
+    return d_ptr->name;
+}
+
+void DAbstractPluginBackend::setName(const QString& name)
+{
+    if (d_ptr->name != name) {
+        d_ptr->name = name;
+        Q_EMIT nameChanged();
+    }
+}
+
+QString DAbstractPluginBackend::objectId() const
+{
+    return d_ptr->objectId;
+}
+
+void DAbstractPluginBackend::setObjectId(const QString& objectId)
+{
+    if (d_ptr->objectId != objectId) {
+        d_ptr->objectId = objectId;
+        d_ptr->attach();
+        Q_EMIT objectIdChanged();
+    }
+}
+
+QString DAbstractPluginBackend::reference() const
+{
+    return d_ptr->reference;
+}
+
+void DAbstractPluginBackend::setReference(const QString& reference)
+{
+    if (d_ptr->reference != reference) {
+        d_ptr->reference = reference;
+        Q_EMIT referenceChanged();
+    }
+}
+
+bool DAbstractPluginBackend::isConnected() const
+{
+    return d_ptr->isConnected;
+}
+
+bool DAbstractPluginBackend::queueTreatment(int index, const QString& treatment, const QMap<QString, QVariant>& params)
+{
+    if (d_ptr->device.isNull() || d_ptr->queue.isNull()) {
+        return false;
+    }
+    ++d_ptr->pending;
+    d_ptr->queue->queue(*this, *d_ptr->device, index, treatment, params);
+    return true;
+}
+
+bool DAbstractPluginBackend::hasPendingTreatments() const
+{
+    return d_ptr->pending > 0;
+}
+
+bool DAbstractPluginBackend::applyTreatmentReply(int index, const QString& treatment,
+                                                 const QMap<QString, QVariant>& reply)
+{
+    Q_UNUSED(index)
+    Q_UNUSED(treatment)
+    Q_UNUSED(reply)
+    return false;
+}
+
+void DAbstractPluginBackend::treatmentReleased(int index)
+{
+    Q_UNUSED(index)
+}

@@ -1,0 +1,164 @@
+#include <lib_plugins_management/host/d_order.h>
+
+#include <lib_plugins_management/d_abstract_plugin.h>
+#include <lib_plugins_management/host/d_router.h>
+
+#include "d_abstract_command_p.h"
+#include "logging.h"
+
+IOrder::~IOrder() = default;
+
+DOrder::DOrder(DRouter& router, DAbstractPlugin& plugin, QSharedPointer<ICommand> command, QObject* parent)
+    : QObject(parent)
+    , m_router(&router)
+    , m_plugin(&plugin)
+    , m_command(std::move(command))
+    , m_commandObject(dynamic_cast<QObject*>(m_command.data()))
+    , m_commandName(m_command->commandName())
+    , m_stopCommandName(m_command->stopCommandName())
+    , m_id(router.enterOrder(*this))
+{
+    m_command->linkWithItsOrder(this);
+    connect(m_commandObject, &QObject::destroyed, this, [this] { drop(Outcome::Gone); });
+}
+
+DOrder::~DOrder()
+{
+    end(Outcome::Stopped);
+    if (!m_commandObject.isNull()) {
+        disconnect(m_commandObject, nullptr, this, nullptr);
+        m_command->linkWithItsOrder(nullptr);
+    }
+    if (!m_router.isNull()) {
+        m_router->leaveOrder(*this);
+    }
+}
+
+void DOrder::start(int limitMs)
+{
+    if (m_state != State::Waiting || m_router.isNull()) {
+        return;
+    }
+    m_state = State::Queued;
+    m_router->later(*this, [this] { execute(); });
+    if (limitMs > 0) {
+        m_limit = m_router->clock().callAfter(limitMs, [this] {
+            m_limit = 0;
+            end(Outcome::TimedOut);
+        });
+    }
+}
+
+void DOrder::stop()
+{
+    end(Outcome::Stopped);
+}
+
+QMap<QString, QVariant> DOrder::results() const
+{
+    const DAbstractCommand* running = command();
+    return m_state == State::Ended || running == nullptr ? m_finalResults
+                                                         : DAbstractCommandPrivate::get(*running)->resultValues;
+}
+
+quint64 DOrder::addInstruction(const DInstruction& instruction)
+{
+    if (m_state != State::Running || m_router.isNull()) {
+        qCWarning(lcPluginsManagement).noquote()
+            << QStringLiteral("the command \"%1\" cannot send \"%2\" to \"%3\": its run is not open")
+                   .arg(m_commandName, instruction.command, instruction.target);
+        return 0;
+    }
+    return m_router->addInstruction(*this, instruction);
+}
+
+bool DOrder::stopInstruction(quint64 instructionId)
+{
+    return !m_router.isNull() && m_router->stopInstruction(*this, instructionId);
+}
+
+void DOrder::resultsPublished(const QMap<QString, QVariant>& values)
+{
+    m_hasPublished = true;
+    if (!m_router.isNull()) {
+        m_router->later(*this, [this, values] { Q_EMIT sigResultsPublished(values); });
+    }
+}
+
+void DOrder::runFinished(bool ok)
+{
+    markEnded(m_endsAs, ok);
+}
+
+void DOrder::execute()
+{
+    if (m_state != State::Queued) {
+        return;
+    }
+    m_state = State::Running;
+    const QPointer<DOrder> self(this);
+    const bool accepted = m_command->commandExecute();
+    if (self.isNull() || m_state != State::Running) {
+        return;
+    }
+    if (!accepted) {
+        drop(Outcome::Refused);
+        return;
+    }
+    // A command that has said all it has to say and waits for nothing has no other end than this one.
+    if (m_hasPublished && m_stopCommandName.isEmpty() && !m_router->hasInstructions(*this)) {
+        end(Outcome::Finished);
+    }
+}
+
+void DOrder::end(Outcome outcome)
+{
+    if (m_state != State::Running || m_commandObject.isNull()) {
+        drop(outcome);
+        return;
+    }
+    m_endsAs = outcome;
+    bool ok = outcome == Outcome::Finished || outcome == Outcome::Stopped;
+    const QPointer<DOrder> self(this);
+    m_command->finishTheCommand(ok);
+    if (!self.isNull()) {
+        drop(outcome); // in case the command did not end its run
+    }
+}
+
+void DOrder::drop(Outcome outcome)
+{
+    if (m_state == State::Ended) {
+        return;
+    }
+    markEnded(outcome, false);
+    if (DAbstractCommand* dropped = command()) {
+        DAbstractCommandPrivate::get(*dropped)->abandon();
+    }
+}
+
+void DOrder::markEnded(Outcome outcome, bool ok)
+{
+    if (m_state == State::Ended) {
+        return;
+    }
+    m_finalResults = results();
+    m_state = State::Ended;
+    m_outcome = outcome;
+    m_endedOk = ok;
+    if (!m_router.isNull()) {
+        m_router->clock().cancel(m_limit);
+        m_router->closeInstructions(*this);
+        m_router->later(*this, [this] { Q_EMIT sigFinished(); });
+    }
+}
+
+DAbstractCommand* DOrder::command() const
+{
+    return qobject_cast<DAbstractCommand*>(m_commandObject.data());
+}
+
+bool DOrder::reply(quint64 instructionId, const QMap<QString, QVariant>& values)
+{
+    return m_state == State::Running && !m_commandObject.isNull() && m_command->setReply(instructionId, values);
+}

@@ -1,0 +1,141 @@
+#include <lib_plugins_management/host/d_treatment_queue.h>
+
+#include <QTimer>
+#include <QUuid>
+
+#include <lib_plugins_management/d_abstract_plugin.h>
+#include <lib_plugins_management/d_abstract_plugin_backend.h>
+#include <lib_plugins_management/host/d_instance_registry.h>
+#include <lib_plugins_management/host/d_order.h>
+#include <lib_plugins_management/host/d_router.h>
+
+#include "d_abstract_plugin_backend_p.h"
+
+namespace {
+
+/// A treatment that has not ended by itself is ended then: a command may wait for a wrench that never answers.
+constexpr int c_treatmentLimitMs = 15000;
+
+const QString c_successResult = QStringLiteral("cmd_success");
+const QString c_connectedProperty = QStringLiteral("connected"); // of a driver: its line is open
+
+DTreatmentQueue*& currentQueue()
+{
+    static DTreatmentQueue* queue = nullptr;
+    return queue;
+}
+
+} // namespace
+
+DTreatmentQueue::DTreatmentQueue(DRouter& router, const DInstanceRegistry& registry, QObject* parent)
+    : QObject(parent), m_router(router), m_registry(registry)
+{
+    currentQueue() = this;
+}
+
+DTreatmentQueue::~DTreatmentQueue()
+{
+    if (currentQueue() == this) {
+        currentQueue() = nullptr;
+    }
+}
+
+DTreatmentQueue* DTreatmentQueue::current()
+{
+    return currentQueue();
+}
+
+DAbstractPlugin* DTreatmentQueue::findDevice(const QString& objectId) const
+{
+    const QUuid uuid = QUuid::fromString(objectId);
+    return uuid.isNull() ? nullptr : m_registry.byObjectUuid(uuid);
+}
+
+bool DTreatmentQueue::isConnected(const DAbstractPlugin& device) const
+{
+    const DAbstractPlugin* driver = m_registry.driverOf(device);
+    return driver != nullptr && driver->getProperty(c_connectedProperty, QVariant(false)).toBool();
+}
+
+void DTreatmentQueue::queue(DAbstractPluginBackend& backend, DAbstractPlugin& device, int index,
+                            const QString& treatment, const QMap<QString, QVariant>& parameters)
+{
+    Line& line = m_lines[&device];
+    line.waiting.push_back({&backend, index, treatment, parameters});
+    if (line.waiting.size() == 1) {
+        runNext(&device);
+    }
+}
+
+void DTreatmentQueue::instanceAdded(DAbstractPlugin& instance)
+{
+    Q_EMIT sigInstanceAdded(&instance);
+}
+
+void DTreatmentQueue::pluginDestroyed(DAbstractPlugin& plugin)
+{
+    const auto line = m_lines.find(&plugin);
+    if (line != m_lines.end()) {
+        // Each treatment is answered, also these: from a later turn, as always.
+        const std::deque<Treatment> lost = std::move(line->second.waiting);
+        m_lines.erase(line);
+        for (const Treatment& treatment : lost) {
+            if (!treatment.backend.isNull()) {
+                QTimer::singleShot(0, treatment.backend, [treatment] {
+                    DAbstractPluginBackendPrivate::get(*treatment.backend)
+                        ->answer(treatment.index, treatment.name, {{c_successResult, false}});
+                });
+            }
+        }
+    }
+    Q_EMIT sigInstanceRemoved(&plugin);
+}
+
+void DTreatmentQueue::propertyChanged(DAbstractPlugin& plugin, const QString& name)
+{
+    Q_UNUSED(plugin)
+    if (name == c_connectedProperty) {
+        Q_EMIT sigConnectionChanged();
+    }
+}
+
+void DTreatmentQueue::runNext(DAbstractPlugin* device)
+{
+    Line& line = m_lines[device];
+    const Treatment& next = line.waiting.front();
+    line.running = m_router.createOrder(*device, next.name, next.parameters);
+    if (line.running == nullptr) {
+        QTimer::singleShot(0, this, [this, device] { answer(device, {{c_successResult, false}}); });
+        return;
+    }
+    connect(line.running.get(), &DOrder::sigFinished, this, [this, device] {
+        const DOrder& ended = *m_lines[device].running;
+        QMap<QString, QVariant> reply = ended.results();
+        if (ended.outcome() != DOrder::Outcome::Finished) {
+            reply.insert(c_successResult, false);
+        }
+        answer(device, reply);
+    });
+    line.running->start(c_treatmentLimitMs);
+}
+
+void DTreatmentQueue::answer(DAbstractPlugin* device, const QMap<QString, QVariant>& reply)
+{
+    const auto line = m_lines.find(device);
+    if (line == m_lines.end() || line->second.waiting.empty()) {
+        return; // the device has gone meanwhile, and its treatments were answered
+    }
+    const Treatment answered = line->second.waiting.front();
+    line->second.waiting.pop_front();
+    if (DOrder* ended = line->second.running.release()) {
+        ended->deleteLater(); // it is telling us of its end
+    }
+    if (!line->second.waiting.empty()) {
+        runNext(device);
+    } else {
+        m_lines.erase(line);
+    }
+    if (!answered.backend.isNull()) {
+        DAbstractPluginBackendPrivate::get(*answered.backend)->answer(answered.index, answered.name, reply);
+    }
+}
