@@ -1,0 +1,70 @@
+# Shared by ./run, ./test and .ci/run: packages of the system, and building. Everything said here goes to standard error,
+# so that what the started program prints stands alone.
+
+packages_to_build="g++ cmake ninja-build qtbase5-dev libqt5serialport5-dev"
+packages_to_test="python3 python3-jsonschema procps"
+packages_to_check="clang-format clang-tidy clazy"
+
+say() { printf '%s\n' "$*" >&2; }
+
+# require_packages NAME…: installs what is missing, as root or with sudo; otherwise says what to do and ends with 3.
+require_packages() {
+    if ! command -v dpkg-query >/dev/null; then
+        say "This is not a Debian system. Install by hand what these Debian packages hold: $*"
+        exit 3
+    fi
+    local installed missing="" package
+    installed=" $(dpkg-query -W -f='${db:Status-Abbrev}${Package} ' "$@" 2>/dev/null | sed 's/\bii  *//g') "
+    for package in "$@"; do
+        case "$installed" in *" $package "*) ;; *) missing="$missing $package" ;; esac
+    done
+    [ -n "$missing" ] || return 0
+
+    local as_root=""
+    if [ "$(id -u)" -ne 0 ]; then
+        if command -v sudo >/dev/null && { [ -t 0 ] || sudo -n true 2>/dev/null; }; then
+            as_root="sudo"
+        else
+            refuse_packages "$missing"
+        fi
+    fi
+    say "Installing:$missing"
+    mkdir -p "$root/build"
+    local log="$root/build/packages.log"
+    if ! { $as_root apt-get update -q && $as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -q --no-install-recommends $missing; } >"$log" 2>&1; then
+        tail -n 5 "$log" >&2
+        refuse_packages "$missing"
+    fi
+}
+
+refuse_packages() {
+    say "These Debian packages are missing:$1"
+    say "Install them, then call this again:"
+    say "    sudo apt-get update && sudo apt-get install -y --no-install-recommends$1"
+    exit 3
+}
+
+# build PRESET [TARGET…]: configures once, then builds the targets (all when none is named).
+build() {
+    local preset=$1
+    shift
+    local folder="$root/build/$preset" log
+    log="$root/build/$preset.log"
+    mkdir -p "$root/build"
+    if [ ! -e "$folder/build.ninja" ]; then
+        say "Building ($preset) for the first time; this takes a few minutes."
+        if ! (cd "$root" && cmake --preset "$preset") >"$log" 2>&1; then
+            cat "$log" >&2
+            exit 1
+        fi
+    fi
+    local targets=()
+    [ $# -eq 0 ] || targets=(--target "$@")
+    if [ -t 2 ]; then
+        cmake --build "$folder" "${targets[@]}" >&2
+    elif ! cmake --build "$folder" "${targets[@]}" >"$log" 2>&1; then
+        tail -n 100 "$log" >&2
+        exit 1
+    fi
+}
