@@ -1,0 +1,145 @@
+#include "commands_command.h"
+
+#include <QJsonArray>
+
+#include <lib_plugins_management/d_abstract_plugin.h>
+
+#include "../services/workplace.h"
+#include "parameters.h"
+#include "text_table.h"
+
+namespace {
+
+std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
+{
+    if (context.arguments.size() > 1) {
+        *problem = {Problem::Kind::Usage,
+                    QStringLiteral("command line"),
+                    QStringLiteral("one command can be told about, not %1").arg(context.arguments.size()),
+                    {},
+                    QStringLiteral("see app_workplace commands --help")};
+        return nullptr;
+    }
+    return std::make_unique<CommandsCommand>(context);
+}
+
+QString text(const QJsonObject& object, const char* key)
+{
+    return object.value(QLatin1String(key)).toString();
+}
+
+void tellDeclarations(Console& console, const QString& title, const QJsonArray& declarations)
+{
+    if (declarations.isEmpty()) {
+        console.line(QStringLiteral("%1: none declared").arg(title));
+        return;
+    }
+    console.line(title + QLatin1Char(':'));
+    TextTable table({{QStringLiteral("name")},
+                     {QStringLiteral("type")},
+                     {QStringLiteral("default")},
+                     {QStringLiteral("description")}});
+    for (const QJsonValue& value : declarations) {
+        const QJsonObject declaration = value.toObject();
+        const QString shown = declaration.contains(QLatin1String("default"))
+                                  ? QLatin1Char('"') +
+                                        shownValue(declaration.value(QLatin1String("default")).toVariant()) +
+                                        QLatin1Char('"')
+                                  : QStringLiteral("-");
+        table.addRow({text(declaration, "name"), text(declaration, "type"), shown, text(declaration, "description")});
+    }
+    const QStringList lines = table.lines();
+    for (const QString& line : lines) {
+        console.line(QStringLiteral("  ") + line);
+    }
+}
+
+} // namespace
+
+CliEntry CommandsCommand::entry()
+{
+    return {QStringLiteral("commands"),
+            QStringLiteral("[COMMAND]"),
+            QStringLiteral("Lists what the loaded plugins offer, or tells about one command."),
+            {},
+            &make};
+}
+
+CommandsCommand::CommandsCommand(const CliContext& context) : CliCommand(context), m_command(context.arguments.value(0))
+{}
+
+void CommandsCommand::start()
+{
+    DPluginLoader plugins;
+    plugins.loadFolder(Workplace::pluginFolder(m_settings));
+    for (const DPluginRefusal& refusal : plugins.refusals()) {
+        m_console.message(refusal.message());
+    }
+    bool isTold = false;
+    for (const DAbstractPlugin* root : plugins.roots()) {
+        isTold = tellOf(*root) || isTold;
+    }
+    if (plugins.roots().isEmpty()) {
+        tell({Problem::Kind::SetUp, QStringLiteral("commands"), QStringLiteral("there is no plugin"),
+              QStringLiteral("none was loaded"), QStringLiteral("check the folder of the plugins with --plugins")});
+        Q_EMIT sigDone(int(Problem::Kind::SetUp));
+    } else if (!isTold) {
+        tell({Problem::Kind::Usage,
+              QStringLiteral("commands"),
+              QStringLiteral("no loaded plugin has the command \"%1\"").arg(m_command),
+              {},
+              QStringLiteral("\"app_workplace commands\" lists what there is")});
+        Q_EMIT sigDone(int(Problem::Kind::Usage));
+    } else {
+        Q_EMIT sigDone(0);
+    }
+}
+
+bool CommandsCommand::tellOf(const DAbstractPlugin& plugin)
+{
+    if (!m_command.isEmpty() && !plugin.commandNames().contains(m_command)) {
+        return false;
+    }
+    if (m_console.isJson()) {
+        const QStringList names = m_command.isEmpty() ? plugin.commandNames() : QStringList{m_command};
+        for (const QString& name : names) {
+            m_console.object({{QStringLiteral("event"), QStringLiteral("command")},
+                              {QStringLiteral("plugin"), QString::fromUtf8(plugin.pluginName())},
+                              {QStringLiteral("command"), plugin.getFunctionDescription(name)}});
+        }
+    } else if (m_command.isEmpty()) {
+        tellAll(plugin);
+    } else {
+        tellOne(plugin, plugin.getFunctionDescription(m_command));
+    }
+    return true;
+}
+
+void CommandsCommand::tellAll(const DAbstractPlugin& plugin)
+{
+    m_console.line(m_console.strong(QString::fromUtf8(plugin.pluginName())));
+    TextTable table({{QStringLiteral("command")}, {QStringLiteral("stopped by")}, {QStringLiteral("description")}});
+    const QStringList names = plugin.commandNames();
+    for (const QString& name : names) {
+        const QJsonObject description = plugin.getFunctionDescription(name);
+        const QString stopName = text(description, "stopName");
+        table.addRow({name, stopName.isEmpty() ? QStringLiteral("-") : stopName, text(description, "description")});
+    }
+    const QStringList lines = table.lines();
+    for (const QString& line : lines) {
+        m_console.line(QStringLiteral("  ") + line);
+    }
+}
+
+void CommandsCommand::tellOne(const DAbstractPlugin& plugin, const QJsonObject& description)
+{
+    m_console.line(
+        m_console.strong(text(description, "name")) +
+        QStringLiteral(" (%1): %2").arg(QString::fromUtf8(plugin.pluginName()), text(description, "description")));
+    if (!text(description, "stopName").isEmpty()) {
+        m_console.line(
+            QStringLiteral("Runs until it is stopped by \"%1\" (Ctrl-C).").arg(text(description, "stopName")));
+    }
+    tellDeclarations(m_console, QStringLiteral("Parameters"), description.value(QLatin1String("parameters")).toArray());
+    tellDeclarations(m_console, QStringLiteral("Results"), description.value(QLatin1String("results")).toArray());
+}

@@ -1,0 +1,82 @@
+#include "console.h"
+
+#include <QDateTime>
+#include <QJsonDocument>
+
+#include <unistd.h>
+
+namespace {
+constexpr char c_escape = '\x1b';
+const QString c_strong = QStringLiteral("\x1b[1m");
+const QString c_alarming = QStringLiteral("\x1b[31m");
+const QString c_plain = QStringLiteral("\x1b[0m");
+} // namespace
+
+Console::Console(std::FILE* results, std::FILE* messages, bool isJson)
+    : m_results(results)
+    , m_messages(messages)
+    , m_isJson(isJson)
+    , m_isTerminal(isatty(fileno(results)) != 0)
+    , m_isColoured(m_isTerminal && qEnvironmentVariableIsEmpty("NO_COLOR"))
+{}
+
+void Console::line(const QString& text)
+{
+    write(m_results, text.toUtf8() + '\n');
+}
+
+void Console::object(QJsonObject object)
+{
+    object.insert(QStringLiteral("time"), QDateTime::currentDateTime()
+                                              .toOffsetFromUtc(QDateTime::currentDateTime().offsetFromUtc())
+                                              .toString(Qt::ISODateWithMs));
+    write(m_results, QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n');
+}
+
+void Console::message(const QString& text)
+{
+    write(m_messages, visible(text).toUtf8() + '\n');
+}
+
+void Console::takeBack(int lines)
+{
+    if (m_isTerminal && lines > 0) {
+        write(m_results, QByteArray(1, c_escape) + '[' + QByteArray::number(lines) + 'A' + c_escape + "[J");
+    }
+}
+
+QString Console::strong(const QString& text) const
+{
+    return m_isColoured ? c_strong + text + c_plain : text;
+}
+
+QString Console::alarming(const QString& text) const
+{
+    return m_isColoured ? c_alarming + text + c_plain : text;
+}
+
+QString Console::visible(const QString& text)
+{
+    QString shown;
+    shown.reserve(text.size());
+    for (const QChar character : text) {
+        const ushort code = character.unicode();
+        const bool isControl =
+            character.category() == QChar::Other_Control || character.category() == QChar::Other_Format;
+        if (isControl) {
+            shown += QStringLiteral("\\x%1").arg(code, 2, 16, QLatin1Char('0'));
+        } else {
+            shown += character;
+        }
+    }
+    return shown;
+}
+
+void Console::write(std::FILE* stream, const QByteArray& bytes)
+{
+    const auto size = std::size_t(bytes.size());
+    const bool isWritten = std::fwrite(bytes.constData(), 1, size, stream) == size && std::fflush(stream) == 0;
+    if (!isWritten && stream == m_results) {
+        m_isOpen = false;
+    }
+}

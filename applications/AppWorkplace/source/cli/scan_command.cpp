@@ -1,0 +1,139 @@
+#include "scan_command.h"
+
+#include <QJsonArray>
+
+#include <lib_plugins_management/d_abstract_plugin.h>
+
+#include "../services/heard_wrenches.h"
+#include "text_table.h"
+
+namespace {
+
+const QString c_detectionCommand = QStringLiteral("startDetection");
+constexpr int c_defaultDurationMs = 5000;
+constexpr double c_millisecondsPerSecond = 1000;
+
+std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
+{
+    if (!context.arguments.isEmpty()) {
+        *problem = {Problem::Kind::Usage,
+                    QStringLiteral("command line"),
+                    QStringLiteral("a scan takes no argument \"%1\"").arg(context.arguments.first()),
+                    {},
+                    QStringLiteral("see app_workplace scan --help")};
+        return nullptr;
+    }
+    const double seconds = numberOption(context.options, QStringLiteral("duration"), 0, problem);
+    const bool isSet = context.options.isSet(QStringLiteral("duration"));
+    return std::make_unique<ScanCommand>(context, isSet ? int(seconds * c_millisecondsPerSecond) : c_defaultDurationMs);
+}
+
+} // namespace
+
+CliEntry ScanCommand::entry()
+{
+    return {
+        QStringLiteral("scan"),
+        {},
+        QStringLiteral("Lists the wrenches in range, the strongest signal first."),
+        {{QStringLiteral("duration"), QStringLiteral("Ends after so long (5 when not said); 0: goes on until Ctrl-C."),
+          QStringLiteral("SECONDS")}},
+        &make};
+}
+
+ScanCommand::ScanCommand(const CliContext& context, int durationMs) : WorkplaceCommand(context)
+{
+    m_duration.setSingleShot(true);
+    m_duration.setInterval(durationMs);
+    connect(&m_duration, &QTimer::timeout, this, &ScanCommand::end);
+}
+
+void ScanCommand::interrupt()
+{
+    end();
+}
+
+void ScanCommand::begin()
+{
+    DAbstractPlugin* device = m_workplace.deviceWith(c_detectionCommand);
+    if (device == nullptr) {
+        fail({Problem::Kind::SetUp,
+              QStringLiteral("scan"),
+              QStringLiteral("no loaded plugin can scan"),
+              {},
+              QStringLiteral("check the folder of the plugins with --plugins")});
+        return;
+    }
+    connect(&m_workplace.host(), &DHost::sigPropertyChanged, this,
+            [this](const DAbstractPlugin* plugin, const QString& name, const QVariant& value) {
+                if (plugin == &m_workplace.driver() && name == QLatin1String("lineError") &&
+                    !value.toString().isEmpty()) {
+                    m_workplace.host().disconnect(this);
+                    fail({Problem::Kind::SetUp, QStringLiteral("scan"), QStringLiteral("the line is not usable"),
+                          value.toString(), QStringLiteral("\"app_workplace ports\" lists the ports")});
+                }
+            });
+    m_detection = m_workplace.host().createOrder(*device, c_detectionCommand);
+    connect(m_detection.get(), &DOrder::sigResultsPublished, this, [this](const QMap<QString, QVariant>& values) {
+        show(HeardWrenches::strongestFirst(values.value(QStringLiteral("lastResults")).toList()));
+    });
+    connect(m_detection.get(), &DOrder::sigFinished, this, [this] {
+        m_workplace.host().disconnect(this);
+        if (m_shown.isEmpty()) {
+            fail({Problem::Kind::Device,
+                  QStringLiteral("scan"),
+                  QStringLiteral("no wrench was heard"),
+                  {},
+                  QStringLiteral("switch the wrench on, bring it near, and check the port")});
+            return;
+        }
+        if (!m_console.isJson() && !m_console.isTerminal()) {
+            m_shownLines = -1; // the one list that is shown where lines cannot be taken back
+            show(m_shown);
+        }
+        Q_EMIT sigDone(0);
+    });
+    m_detection->start();
+    if (m_duration.interval() > 0) {
+        m_duration.start();
+    }
+}
+
+void ScanCommand::show(const QVariantList& wrenches)
+{
+    const bool isLast = m_shownLines < 0;
+    if (wrenches == m_shown && !isLast) {
+        return;
+    }
+    m_shown = wrenches;
+    if (m_console.isJson()) {
+        m_console.object({{QStringLiteral("event"), QStringLiteral("scan")},
+                          {QStringLiteral("wrenches"), QJsonArray::fromVariantList(wrenches)}});
+        return;
+    }
+    if (!m_console.isTerminal() && !isLast) {
+        return;
+    }
+    TextTable table(
+        {{QStringLiteral("serial number")}, {QStringLiteral("address")}, {QStringLiteral("signal (dBm)"), true}});
+    for (const QVariant& wrench : wrenches) {
+        const QVariantMap fields = wrench.toMap();
+        table.addRow({fields.value(QStringLiteral("sn")).toString(), fields.value(QStringLiteral("mac")).toString(),
+                      fields.value(QStringLiteral("rssi")).toString()});
+    }
+    const QStringList lines = table.lines();
+    m_console.takeBack(m_shownLines);
+    m_shownLines = lines.size();
+    for (const QString& line : lines) {
+        m_console.line(line);
+    }
+}
+
+void ScanCommand::end()
+{
+    if (m_detection == nullptr) {
+        Q_EMIT sigDone(int(Problem::Kind::Device));
+    } else {
+        m_detection->stop();
+    }
+}

@@ -1,0 +1,120 @@
+#include "session_command.h"
+
+#include "session_json_report.h"
+#include "session_text_report.h"
+
+namespace {
+
+const QString c_simulatedSerialId = QStringLiteral("2210"); // of the simulator's own wrench
+constexpr double c_millisecondsPerSecond = 1000;
+
+std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
+{
+    const QCommandLineParser& options = context.options;
+    SessionOrder order;
+    order.serialId = context.settings.serialId;
+    if (order.serialId.isEmpty() && context.settings.isSimulated()) {
+        order.serialId = c_simulatedSerialId;
+    }
+    if (order.serialId.isEmpty()) {
+        *problem = {
+            Problem::Kind::Usage,
+            QStringLiteral("command line"),
+            QStringLiteral("which wrench is not said"),
+            {},
+            QStringLiteral("give its serial number with --serial-id; \"app_workplace scan\" lists what is in range")};
+        return nullptr;
+    }
+    if (!context.arguments.isEmpty()) {
+        *problem = {Problem::Kind::Usage,
+                    QStringLiteral("command line"),
+                    QStringLiteral("a session takes no argument \"%1\"").arg(context.arguments.first()),
+                    {},
+                    QStringLiteral("see app_workplace session --help")};
+        return nullptr;
+    }
+    if (options.isSet(QStringLiteral("program"))) {
+        order.program = int(numberOption(options, QStringLiteral("program"), 1, problem));
+    }
+    order.results = int(numberOption(options, QStringLiteral("count"), 1, problem));
+    order.durationMs = int(numberOption(options, QStringLiteral("duration"), 0, problem) * c_millisecondsPerSecond);
+    order.stepLimitMs = int(numberOption(options, QStringLiteral("limit"), 0, problem) * c_millisecondsPerSecond);
+    return std::make_unique<SessionCommand>(context, order);
+}
+
+} // namespace
+
+std::unique_ptr<SessionReport> SessionReport::make(Console& console, const QString& serialId)
+{
+    if (console.isJson()) {
+        return std::make_unique<SessionJsonReport>(console, serialId);
+    }
+    return std::make_unique<SessionTextReport>(console, serialId);
+}
+
+CliEntry SessionCommand::entry()
+{
+    return {QStringLiteral("session"),
+            {},
+            QStringLiteral("Connects to a wrench and takes its tightening results."),
+            {{QStringLiteral("program"),
+              QStringLiteral("Selects this program; without it the selection is left alone."), QStringLiteral("N")},
+             {QStringLiteral("count"), QStringLiteral("Ends after so many results."), QStringLiteral("N")},
+             {QStringLiteral("duration"), QStringLiteral("Ends after listening so long."), QStringLiteral("SECONDS")},
+             {QStringLiteral("limit"), QStringLiteral("Time limit of each step, instead of its own."),
+              QStringLiteral("SECONDS")}},
+            &make};
+}
+
+SessionCommand::SessionCommand(const CliContext& context, const SessionOrder& order)
+    : WorkplaceCommand(context), m_order(order), m_report(SessionReport::make(context.console, order.serialId))
+{}
+
+void SessionCommand::interrupt()
+{
+    if (m_session == nullptr) {
+        Q_EMIT sigDone(int(Problem::Kind::Device)); // before anything was begun
+    } else {
+        m_exitStatus = m_hasListened ? 0 : int(Problem::Kind::Device);
+        m_session->interrupt();
+    }
+}
+
+void SessionCommand::begin()
+{
+    m_session = std::make_unique<Session>(m_workplace, m_order);
+    Session* session = m_session.get();
+    m_report->opened(m_workplace.portInUse(), m_settings.isSimulated());
+    connect(session, &Session::sigStepStarted, this, [this](Session::Step step) {
+        if (step == Session::Step::Listen) {
+            m_hasListened = true;
+            m_report->listening();
+        }
+    });
+    connect(session, &Session::sigStepDone, this,
+            [this](Session::Step step, qint64 elapsedMs) { m_report->stepDone(step, elapsedMs); });
+    connect(session, &Session::sigWrenchesHeard, this,
+            [this](const QVariantList& wrenches) { m_report->wrenchesHeard(wrenches); });
+    connect(session, &Session::sigPrograms, this,
+            [this](const QVariantList& programs) { m_report->programs(programs); });
+    connect(session, &Session::sigSelected, this,
+            [this](int program, const QVariantMap& preset) { m_report->selected(program, preset); });
+    connect(session, &Session::sigResult, this, [this](const QVariantMap& eventData) {
+        m_report->result(eventData);
+        if (!m_console.isOpen()) {
+            m_session->interrupt(); // nobody reads any more
+        }
+    });
+    connect(session, &Session::sigLink, this, [this](bool isConnected, const QString& state, const QString& message) {
+        m_report->link(isConnected, state, message);
+    });
+    connect(session, &Session::sigFailed, this, [this](const Problem& problem) {
+        m_exitStatus = problem.exitStatus();
+        tell(problem);
+    });
+    connect(session, &Session::sigFinished, this, [this](const SessionSummary& summary) {
+        m_report->summary(summary);
+        Q_EMIT sigDone(m_exitStatus);
+    });
+    session->start();
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "session_report.h"
+
+/// A session for programs: one object a line, described by docs/output.schema.json.
+class SessionJsonReport : public SessionReport
+{
+public:
+    SessionJsonReport(Console& console, const QString& serialId);
+
+    void opened(const QString& port, bool isSimulated) override;
+    void stepDone(Session::Step step, qint64 elapsedMs) override;
+    void wrenchesHeard(const QVariantList& wrenches) override;
+    void programs(const QVariantList& programs) override;
+    void selected(int program, const QVariantMap& preset) override;
+    void listening() override;
+    void result(const QVariantMap& eventData) override;
+    void link(bool isConnected, const QString& state, const QString& message) override;
+    void summary(const SessionSummary& summary) override;
+
+private:
+    void write(const QString& event, QJsonObject fields);
+
+    Console& m_console;
+    const QString m_serialId;
+    QJsonObject m_pending; // what the current step has found, told when it is done
+};

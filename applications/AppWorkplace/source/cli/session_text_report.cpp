@@ -1,0 +1,140 @@
+#include "session_text_report.h"
+
+#include <QCoreApplication>
+
+#include "../services/verdict.h"
+
+namespace {
+
+constexpr int c_stepWidth = 10;
+constexpr int c_textWidth = 46;
+constexpr double c_millisecondsPerSecond = 1000;
+
+QString seconds(qint64 milliseconds)
+{
+    return QStringLiteral("%1 s").arg(double(milliseconds) / c_millisecondsPerSecond, 0, 'f', 2);
+}
+
+QString text(const QVariantMap& map, const char* key)
+{
+    return map.value(QLatin1String(key)).toString();
+}
+
+} // namespace
+
+SessionTextReport::SessionTextReport(Console& console, const QString& serialId)
+    : m_console(console)
+    , m_serialId(serialId)
+    , m_results({{QStringLiteral("#"), true, 4},
+                 {QStringLiteral("torque"), true, 8},
+                 {QStringLiteral("direction"), true},
+                 {QStringLiteral("torque status"), true},
+                 {QStringLiteral("snug angle"), true},
+                 {QStringLiteral("angle status"), true},
+                 {QStringLiteral("reading"), true},
+                 {QStringLiteral("reading status"), true},
+                 {QStringLiteral("program"), true},
+                 {QString()}})
+{}
+
+void SessionTextReport::opened(const QString& port, bool isSimulated)
+{
+    m_console.line(QStringLiteral("Session with the wrench %1 on %2%3")
+                       .arg(Console::visible(m_serialId), Console::visible(port),
+                            isSimulated ? QStringLiteral(" (simulated)") : QString()));
+}
+
+void SessionTextReport::stepDone(Session::Step done, qint64 elapsedMs)
+{
+    static const QMap<Session::Step, QString> texts = {
+        {Session::Step::Open, QStringLiteral("the line is open")},
+        {Session::Step::Connect, QStringLiteral("the wrench answers")},
+        {Session::Step::Configure, QStringLiteral("locked, results switched on")},
+        {Session::Step::Unlock, QStringLiteral("ready to tighten")},
+    };
+    const QString said = m_stepText.isEmpty() ? texts.value(done) : m_stepText;
+    m_stepText.clear();
+    step(Session::nameOf(done), said.leftJustified(c_textWidth) + seconds(elapsedMs).rightJustified(c_stepWidth));
+}
+
+void SessionTextReport::wrenchesHeard(const QVariantList& wrenches)
+{
+    for (const QVariant& wrench : wrenches) {
+        const QVariantMap fields = wrench.toMap();
+        const QString serialId = text(fields, "sn");
+        if (!m_heard.contains(serialId)) { // a wandering signal strength is no news
+            m_heard.append(serialId);
+            step(QString(),
+                 QStringLiteral("heard %1 (%2, %3 dBm)").arg(serialId, text(fields, "mac"), text(fields, "rssi")));
+        }
+    }
+}
+
+void SessionTextReport::programs(const QVariantList& programs)
+{
+    m_stepText = QStringLiteral("%1 programs").arg(programs.size());
+    TextTable table({{QStringLiteral("program"), true},
+                     {QStringLiteral("unit")},
+                     {QStringLiteral("target torque"), true},
+                     {QStringLiteral("angle"), true}});
+    for (const QVariant& program : programs) {
+        const QVariantMap fields = program.toMap();
+        table.addRow({text(fields, "progId"), text(fields.value(QStringLiteral("presetData")).toMap(), "unit"),
+                      text(fields, "TRQ"), text(fields, "ANG")});
+    }
+    const QStringList lines = table.lines();
+    for (const QString& line : lines) {
+        step(QString(), line);
+    }
+}
+
+void SessionTextReport::selected(int program, const QVariantMap& preset)
+{
+    Q_UNUSED(preset)
+    m_stepText = QStringLiteral("program %1").arg(program);
+}
+
+void SessionTextReport::listening()
+{
+    step(Session::nameOf(Session::Step::Listen), QStringLiteral("waiting for results; Ctrl-C ends the session"));
+}
+
+void SessionTextReport::result(const QVariantMap& eventData)
+{
+    if (m_shown == 0) {
+        m_console.line(m_console.strong(m_results.titleLine()));
+    }
+    ++m_shown;
+    const bool good = isGood(eventData);
+    const QString line = m_results.rowLine(
+        {QString::number(m_shown), text(eventData, "convertedTorque"), text(eventData, "direction"),
+         text(eventData, "torqueStatus"), text(eventData, "snugTorqueAngle"), text(eventData, "angleStatus"),
+         text(eventData, "readingNumber"), text(eventData, "readingStatus"), text(eventData, "progId"),
+         good ? QStringLiteral("good") : QStringLiteral("NOT GOOD")});
+    m_console.line(good ? line : m_console.alarming(line));
+}
+
+void SessionTextReport::link(bool isConnected, const QString& state, const QString& message)
+{
+    step(QStringLiteral("link"),
+         isConnected ? QStringLiteral("the line is open") : QStringLiteral("%1: %2").arg(state, message));
+}
+
+void SessionTextReport::summary(const SessionSummary& summary)
+{
+    const int results = summary.good + summary.notGood;
+    QString line = QStringLiteral("%1 results: %2 good, %3 not good; %4")
+                       .arg(results)
+                       .arg(summary.good)
+                       .arg(summary.notGood)
+                       .arg(seconds(summary.elapsedMs));
+    if (summary.program > 0) {
+        line += QStringLiteral("; program %1").arg(summary.program);
+    }
+    m_console.line(m_console.strong(line));
+}
+
+void SessionTextReport::step(const QString& name, const QString& text)
+{
+    m_console.line(QStringLiteral("  %1 %2").arg(name, -c_stepWidth).arg(Console::visible(text)));
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "session_report.h"
+#include "text_table.h"
+
+/// A session for people: a line for each step with its time, a table of programs, a line for each result.
+class SessionTextReport : public SessionReport
+{
+public:
+    SessionTextReport(Console& console, const QString& serialId);
+
+    void opened(const QString& port, bool isSimulated) override;
+    void stepDone(Session::Step step, qint64 elapsedMs) override;
+    void wrenchesHeard(const QVariantList& wrenches) override;
+    void programs(const QVariantList& programs) override;
+    void selected(int program, const QVariantMap& preset) override;
+    void listening() override;
+    void result(const QVariantMap& eventData) override;
+    void link(bool isConnected, const QString& state, const QString& message) override;
+    void summary(const SessionSummary& summary) override;
+
+private:
+    void step(const QString& name, const QString& text);
+
+    Console& m_console;
+    const QString m_serialId;
+    QStringList m_heard; // serial numbers that were shown
+    QString m_stepText;  // what the current step has to tell
+    TextTable m_results;
+    int m_shown = 0;
+};

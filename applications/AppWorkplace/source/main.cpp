@@ -1,0 +1,48 @@
+#include <QCoreApplication>
+#include <QLoggingCategory>
+#include <QTimer>
+
+#include <cstdio>
+#include <memory>
+
+#include "cli/command_line.h"
+#include "cli/commands_command.h"
+#include "cli/console.h"
+#include "cli/interrupts.h"
+#include "cli/ports_command.h"
+#include "cli/run_command.h"
+#include "cli/scan_command.h"
+#include "cli/session_command.h"
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("haitor-workplace"));
+    qSetMessagePattern(QStringLiteral("%{if-category}%{category}: %{endif}%{message}"));
+
+    const QList<CliEntry> entries = {SessionCommand::entry(), ScanCommand::entry(), RunCommand::entry(),
+                                     CommandsCommand::entry(), PortsCommand::entry()};
+    const Invocation invocation = readCommandLine(QCoreApplication::arguments(), entries);
+    Console console(stdout, stderr, invocation.isJson);
+    if (!invocation.help.isEmpty()) {
+        console.line(invocation.help);
+        return 0;
+    }
+    Problem problem = invocation.problem;
+    std::unique_ptr<CliCommand> command;
+    if (problem.what.isEmpty()) {
+        command =
+            invocation.entry->make({console, invocation.settings, invocation.arguments, *invocation.options}, &problem);
+    }
+    if (!problem.what.isEmpty()) {
+        console.message(QStringLiteral("app_workplace: %1").arg(problem.message()));
+        return problem.exitStatus();
+    }
+
+    const Interrupts interrupts;
+    QObject::connect(&interrupts, &Interrupts::sigInterrupted, command.get(), &CliCommand::interrupt);
+    // Queued: a command that ends at once would end a loop that does not run yet.
+    QObject::connect(command.get(), &CliCommand::sigDone, &application, &QCoreApplication::exit, Qt::QueuedConnection);
+    QTimer::singleShot(0, command.get(), &CliCommand::start);
+    return QCoreApplication::exec();
+}

@@ -1,0 +1,66 @@
+#include "line_observer.h"
+
+#include <QStringList>
+
+#include <lib_plugins_management/host/d_host.h>
+
+namespace {
+
+// A line that is longer than anything a dongle or a wrench says is noise, and is not kept.
+constexpr int c_longestLine = 4096;
+
+// "RESP <address> <model> <serial number> <signal strength>"
+const QString c_heardPrefix = QStringLiteral("RESP");
+constexpr int c_heardFields = 5;
+constexpr int c_addressField = 1;
+constexpr int c_serialField = 3;
+constexpr int c_strengthField = 4;
+
+const QString c_refusalPrefix = QStringLiteral("ERR");
+
+} // namespace
+
+LineObserver::LineObserver(QObject* parent) : QObject(parent) {}
+
+void LineObserver::start(DHost& host, DAbstractPlugin& driver)
+{
+    m_partialLine.clear();
+    m_listener = host.createOrder(driver, QStringLiteral("listenEventsData"), {{QStringLiteral("subscription"), true}});
+    if (m_listener != nullptr) {
+        connect(m_listener.get(), &DOrder::sigResultsPublished, this, [this](const QMap<QString, QVariant>& values) {
+            receive(values.value(QStringLiteral("frame")).toByteArray());
+        });
+        m_listener->start();
+    }
+}
+
+void LineObserver::stop()
+{
+    m_listener.reset();
+}
+
+void LineObserver::receive(const QByteArray& chunk)
+{
+    int start = 0;
+    for (int end = chunk.indexOf('\n'); end >= 0; end = chunk.indexOf('\n', start)) {
+        m_partialLine.append(chunk.constData() + start, end - start);
+        start = end + 1;
+        takeLine(QString::fromUtf8(m_partialLine).trimmed());
+        m_partialLine.clear();
+    }
+    if (m_partialLine.size() + chunk.size() - start <= c_longestLine) {
+        m_partialLine.append(chunk.constData() + start, chunk.size() - start);
+    }
+}
+
+void LineObserver::takeLine(const QString& line)
+{
+    if (line.startsWith(c_refusalPrefix)) {
+        m_lastRefusal = line;
+    } else if (line.startsWith(c_heardPrefix)) {
+        const QStringList fields = line.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        if (fields.size() >= c_heardFields) {
+            Q_EMIT sigWrenchHeard(fields.at(c_addressField), fields.at(c_serialField), fields.at(c_strengthField));
+        }
+    }
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+#include <lib_plugins_management/host/d_order.h>
+
+class DAbstractPlugin;
+class DHost;
+
+/// Listens to the line beside the device's own commands, without a word of its own: what the scan hears and the words
+/// in which a wrench refuses are shown to people from here.
+class LineObserver : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit LineObserver(QObject* parent = nullptr);
+
+    /// Opens the line if it is not open yet, and keeps the driver at it.
+    void start(DHost& host, DAbstractPlugin& driver);
+    void stop();
+
+    /// The last line beginning with "ERR" since forgetRefusal(); empty: none.
+    QString lastRefusal() const { return m_lastRefusal; }
+    void forgetRefusal() { m_lastRefusal.clear(); }
+
+Q_SIGNALS:
+    /// A wrench that a scan has heard.
+    void sigWrenchHeard(const QString& address, const QString& serialId, const QString& signalStrength);
+
+private:
+    void receive(const QByteArray& chunk);
+    void takeLine(const QString& line);
+
+    std::unique_ptr<DOrder> m_listener;
+    QByteArray m_partialLine;
+    QString m_lastRefusal;
+};

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+
+/// What went wrong, told so that somebody can do something about it.
+struct Problem
+{
+    /// Whose business it is, and with it the program's exit status.
+    enum class Kind {
+        Device = 1, ///< the device said no or did not answer
+        Usage = 2,  ///< wrong command line
+        SetUp = 3   ///< port, plugin, configuration
+    };
+
+    Kind kind = Kind::Device;
+    QString step;  ///< what was being done: "connect"
+    QString what;  ///< the thing and what is wrong with it
+    QString cause; ///< why, in the device's own words where there are any; may be empty
+    QString mend;  ///< what to do; may be empty
+
+    int exitStatus() const { return int(kind); }
+
+    /// All of it as one sentence.
+    QString message() const
+    {
+        QString text = what;
+        if (!cause.isEmpty()) {
+            text += QStringLiteral(": ") + cause;
+        }
+        if (!mend.isEmpty()) {
+            text += QStringLiteral("; ") + mend;
+        }
+        return text;
+    }
+};

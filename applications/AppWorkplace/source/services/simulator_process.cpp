@@ -1,0 +1,64 @@
+#include "simulator_process.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+namespace {
+
+constexpr int c_endLimitMs = 1000;
+const QByteArray c_readyPrefix = QByteArrayLiteral("ready ");
+
+/// Twice a second: slow enough to be read, fast enough not to wait for.
+const QString c_resultsPerSecond = QStringLiteral("2");
+
+} // namespace
+
+SimulatorProcess::SimulatorProcess(QObject* parent) : QObject(parent)
+{
+    connect(&m_process, &QProcess::readyReadStandardOutput, this, &SimulatorProcess::readReady);
+    connect(&m_process, &QProcess::readyReadStandardError, this, [this] {
+        const QList<QByteArray> lines = m_process.readAllStandardError().trimmed().split('\n');
+        m_lastWords = QString::fromUtf8(lines.last());
+    });
+    connect(&m_process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart) {
+            Q_EMIT sigFailed(QStringLiteral("%1 does not start: %2").arg(m_process.program(), m_process.errorString()));
+        }
+    });
+    connect(&m_process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), this, [this] {
+        Q_EMIT sigFailed(m_lastWords.isEmpty() ? QStringLiteral("the simulator has ended") : m_lastWords);
+    });
+}
+
+SimulatorProcess::~SimulatorProcess()
+{
+    m_process.disconnect(this);
+    if (m_process.state() != QProcess::NotRunning) {
+        m_process.terminate();
+        if (!m_process.waitForFinished(c_endLimitMs)) {
+            m_process.kill();
+            m_process.waitForFinished(c_endLimitMs);
+        }
+    }
+}
+
+void SimulatorProcess::start(const QString& serialId)
+{
+    QStringList arguments{QStringLiteral("--exit-with-parent"), QStringLiteral("--rate"), c_resultsPerSecond};
+    if (!serialId.isEmpty()) {
+        arguments << QStringLiteral("--wrench") << serialId;
+    }
+    m_process.start(QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("wrench_simulator")),
+                    arguments);
+}
+
+void SimulatorProcess::readReady()
+{
+    while (m_process.canReadLine()) {
+        const QByteArray line = m_process.readLine().trimmed();
+        if (!m_isReady && line.startsWith(c_readyPrefix)) {
+            m_isReady = true;
+            Q_EMIT sigReady(QString::fromLocal8Bit(line.mid(c_readyPrefix.size())));
+        }
+    }
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QObject>
+#include <QProcess>
+#include <QString>
+
+/// A wrench simulator of our own: a process that is started for one command and ends with it, whichever way that ends.
+class SimulatorProcess : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit SimulatorProcess(QObject* parent = nullptr);
+    ~SimulatorProcess() override;
+
+    /// serialId: of the simulated wrench; empty: the simulator's own choice.
+    void start(const QString& serialId);
+
+Q_SIGNALS:
+    /// The simulated line is there.
+    void sigReady(const QString& port);
+    /// It could not start, or has ended before its time.
+    void sigFailed(const QString& cause);
+
+private:
+    void readReady();
+
+    QProcess m_process;
+    QString m_lastWords; // the last line it wrote on standard error
+    bool m_isReady = false;
+};

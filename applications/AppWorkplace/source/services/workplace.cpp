@@ -1,0 +1,146 @@
+#include "workplace.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QStandardPaths>
+#include <QTimer>
+
+#include <algorithm>
+
+#include <lib_plugins_management/d_abstract_plugin.h>
+
+namespace {
+
+// Plugins say what they are with a four-character code.
+constexpr IPlugin::Type c_deviceType = 0x44657669; // "Devi"
+constexpr IPlugin::Type c_driverType = 0x44726976; // "Driv"
+
+QString defaultPluginFolder()
+{
+    const QDir program(QCoreApplication::applicationDirPath());
+    const QString built = program.absoluteFilePath(QStringLiteral("../plugins"));
+    return QDir(built).exists() ? QDir::cleanPath(built)
+                                : QDir::cleanPath(program.absoluteFilePath(QStringLiteral(WORKPLACE_PLUGIN_FOLDER)));
+}
+
+/// Empty: nothing is kept. A simulated wrench is made anew for each command and remembers nothing; so do we of it.
+QString dataFolder(const Settings& settings)
+{
+    if (settings.isSimulated()) {
+        return {};
+    }
+    return settings.dataFolder.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
+                                         : settings.dataFolder;
+}
+
+} // namespace
+
+Workplace::Workplace(const Settings& settings, QObject* parent)
+    : QObject(parent)
+    , m_settings(settings)
+    , m_host(m_clock)
+    , m_store(dataFolder(settings), settings.serialId.isEmpty() ? QStringLiteral("device") : settings.serialId)
+{
+    connect(&m_host, &DHost::sigConfigurationChanged, this, [this](const DAbstractPlugin* plugin) {
+        if (plugin != m_driver && !m_saveIsDue) {
+            m_saveIsDue = true; // once for all that a turn of the event loop changes
+            QTimer::singleShot(0, this, &Workplace::saveDevice);
+        }
+    });
+}
+
+Workplace::~Workplace()
+{
+    if (m_saveIsDue) {
+        saveDevice();
+    }
+}
+
+QString Workplace::pluginFolder(const Settings& settings)
+{
+    return settings.pluginFolder.isEmpty() ? defaultPluginFolder() : settings.pluginFolder;
+}
+
+void Workplace::loadPlugins()
+{
+    m_plugins.loadFolder(pluginFolder(m_settings));
+}
+
+void Workplace::open()
+{
+    if (!m_settings.isSimulated()) {
+        QTimer::singleShot(0, this, [this] { makeInstances(m_settings.port); });
+        return;
+    }
+    m_simulator = std::make_unique<SimulatorProcess>();
+    connect(m_simulator.get(), &SimulatorProcess::sigReady, this, &Workplace::makeInstances);
+    connect(m_simulator.get(), &SimulatorProcess::sigFailed, this, [this](const QString& cause) {
+        fail(QStringLiteral("the simulated wrench is not there"), cause,
+             QStringLiteral("build or install wrench_simulator beside this program, or name a port with --port"));
+    });
+    m_simulator->start(m_settings.serialId);
+}
+
+DAbstractPlugin* Workplace::deviceWith(const QString& command) const
+{
+    const auto found = std::find_if(m_devices.cbegin(), m_devices.cend(), [&](const DAbstractPlugin* device) {
+        return device->commandNames().contains(command);
+    });
+    return found == m_devices.cend() ? nullptr : *found;
+}
+
+void Workplace::makeInstances(const QString& port)
+{
+    m_portInUse = port;
+    QString cause;
+    if (!m_store.load(&cause)) {
+        fail(QStringLiteral("the device's stored state %1 is not used").arg(m_store.file()), cause,
+             QStringLiteral("move it away, or name another folder with --data"));
+        return;
+    }
+    for (const DAbstractPlugin* root : m_plugins.roots()) {
+        if (root->pluginType() == c_driverType && m_driver == nullptr) {
+            QJsonObject section = m_settings.driver;
+            section.insert(QStringLiteral("port"), port);
+            if (!m_settings.traceFile.isEmpty()) {
+                section.insert(QStringLiteral("trace"), m_settings.traceFile);
+            }
+            auto configuration = QSharedPointer<QJsonObject>::create();
+            configuration->insert(root->pluginUuid().toString(), section);
+            m_driver = m_host.createInstance(*root, QUuid::createUuid(), configuration);
+        }
+    }
+    for (const DAbstractPlugin* root : m_plugins.roots()) {
+        if (root->pluginType() == c_deviceType) {
+            if (DAbstractPlugin* device = m_host.createInstance(*root, QUuid::createUuid(), m_store.configuration())) {
+                m_devices.append(device);
+            }
+        }
+    }
+    if (m_driver == nullptr || m_devices.isEmpty()) {
+        fail(m_driver == nullptr ? QStringLiteral("there is no driver plugin")
+                                 : QStringLiteral("there is no device plugin"),
+             QStringLiteral("none was loaded"), QStringLiteral("check the folder of the plugins with --plugins"));
+        return;
+    }
+    for (const DAbstractPlugin* device : qAsConst(m_devices)) {
+        m_host.linkDriver(*device, *m_driver);
+    }
+    Q_EMIT sigOpened();
+}
+
+void Workplace::fail(const QString& what, const QString& cause, const QString& mend)
+{
+    Q_EMIT sigFailed({Problem::Kind::SetUp, QStringLiteral("open"), what, cause, mend});
+}
+
+void Workplace::saveDevice()
+{
+    m_saveIsDue = false;
+    QString cause;
+    if (!m_store.save(&cause)) {
+        Q_EMIT sigNotice(
+            QStringLiteral("the device's state cannot be stored in %1: %2; name another folder with --data")
+                .arg(m_store.file(), cause));
+    }
+}

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+#include <lib_plugins_management/host/d_host.h>
+#include <lib_plugins_management/host/d_plugin_loader.h>
+#include <lib_utilities/system_clock.h>
+
+#include "device_store.h"
+#include "problem.h"
+#include "settings.h"
+#include "simulator_process.h"
+
+/// One workplace: the loaded plugins, one device of each device plugin, and the driver of the line that they share.
+/// It knows plugins by their type and commands by their names.
+class Workplace : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Workplace(const Settings& settings, QObject* parent = nullptr);
+    ~Workplace() override;
+
+    /// The folder that the plugins are loaded from.
+    static QString pluginFolder(const Settings& settings);
+
+    /// Loads the plugins. What is refused is in plugins().refusals(); the others are there.
+    void loadPlugins();
+    const DPluginLoader& plugins() const { return m_plugins; }
+
+    /// Makes the devices and their driver, and for a simulated line its simulator first. Answers with sigOpened or
+    /// sigFailed from a later turn of the event loop. The line itself is opened by its first use.
+    void open();
+
+    DHost& host() { return m_host; }
+    const Settings& settings() const { return m_settings; }
+    /// The port in use: that of the simulator when the line is simulated.
+    QString portInUse() const { return m_portInUse; }
+    DAbstractPlugin& driver() const { return *m_driver; }
+    /// Null when no device has that command.
+    DAbstractPlugin* deviceWith(const QString& command) const;
+    const QList<DAbstractPlugin*>& devices() const { return m_devices; }
+
+Q_SIGNALS:
+    void sigOpened();
+    void sigFailed(const Problem& problem);
+    /// Something that a person should know and that stops nothing.
+    void sigNotice(const QString& text);
+
+private:
+    void makeInstances(const QString& port);
+    void fail(const QString& what, const QString& cause, const QString& mend);
+    void saveDevice();
+
+    Settings m_settings;
+    SystemClock m_clock;
+    DPluginLoader m_plugins;
+    DHost m_host;
+    DeviceStore m_store;
+    std::unique_ptr<SimulatorProcess> m_simulator;
+    QString m_portInUse;
+    DAbstractPlugin* m_driver = nullptr;
+    QList<DAbstractPlugin*> m_devices;
+    bool m_saveIsDue = false;
+};
