@@ -49,9 +49,9 @@ qint64 processWithOpenFile(const QString& location)
             continue;
         }
         const QDir files(QStringLiteral("/proc/%1/fd").arg(process));
-        const QFileInfoList links = files.entryInfoList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
-        for (const QFileInfo& link : links) {
-            if (link.symLinkTarget() == location) {
+        const QStringList numbers = files.entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
+        for (const QString& number : numbers) {
+            if (QFile::symLinkTarget(files.filePath(number)) == location) {
                 return processId;
             }
         }
@@ -151,19 +151,25 @@ QString port_problem::cannotOpen(const QString& name, const QString& systemText)
     if (holder != 0) {
         return heldBy(name, holder);
     }
-    return QStringLiteral("The port %1 cannot be opened (%2): check that it is a working serial port and that it "
-                          "supports the configured settings.")
+    return QStringLiteral("The port %1 cannot be opened (%2): check that it is a working serial port.")
         .arg(name, systemText);
 }
 
 QString port_problem::inUse(const QString& name)
 {
-    const qint64 holder = processInLockFile(QFileInfo(name).canonicalFilePath());
-    if (holder != 0 && isAlive(holder) && holder != QCoreApplication::applicationPid()) {
-        return heldBy(name, holder);
-    }
-    return QStringLiteral("The port %1 is in use by another program: close that program or choose another port.")
-        .arg(name);
+    const qint64 holder = processWithOpenFile(QFileInfo(name).canonicalFilePath());
+    return holder != 0
+               ? heldBy(name, holder)
+               : QStringLiteral("The port %1 is in use by another user's program: close that program or choose another "
+                                "port.")
+                     .arg(name);
+}
+
+QString port_problem::unsupported(const QString& name, const QString& setting)
+{
+    return QStringLiteral("The port %1 does not support the configured \"%2\": set it to what the port and the device "
+                          "at its other end both have.")
+        .arg(name, setting);
 }
 
 QString port_problem::wentAway(const QString& name)

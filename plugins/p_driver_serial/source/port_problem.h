@@ -11,6 +11,9 @@ QString cannotOpen(const QString& name, const QString& systemText);
 /// Another program, or another device of this one, holds the port.
 QString inUse(const QString& name);
 
+/// The port is there but does not have what is configured. setting: its name in the configuration.
+QString unsupported(const QString& name, const QString& setting);
+
 /// The open port has gone away.
 QString wentAway(const QString& name);
 

@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 #include <QPointer>
+#include <QSignalBlocker>
 
 #include <sys/file.h>
 
@@ -46,11 +47,6 @@ QString QtSerialPort::open(const LineSettings& settings)
         return port_problem::cannotOpen(m_name, QString());
     }
     m_port->setPortName(location);
-    m_port->setBaudRate(settings.baudRate);
-    m_port->setDataBits(settings.dataBits);
-    m_port->setParity(settings.parity);
-    m_port->setStopBits(settings.stopBits);
-    m_port->setFlowControl(settings.flowControl);
     if (!m_port->open(QIODevice::ReadWrite)) {
         return port_problem::cannotOpen(m_name, m_port->errorString());
     }
@@ -58,8 +54,32 @@ QString QtSerialPort::open(const LineSettings& settings)
         m_port->close();
         return port_problem::inUse(m_name);
     }
+    const QString unsupported = configure(settings);
+    if (!unsupported.isEmpty()) {
+        m_port->close();
+        return port_problem::unsupported(m_name, unsupported);
+    }
     ++m_opening;
     return {};
+}
+
+/// The name of the first setting that the port does not have; empty: it has them all. Only an open port tells.
+QString QtSerialPort::configure(const LineSettings& settings)
+{
+    const QSignalBlocker quiet(m_port.data()); // what fails here is the result, not a port that goes away
+    if (!m_port->setBaudRate(settings.baudRate)) {
+        return QStringLiteral("baudRate");
+    }
+    if (!m_port->setDataBits(settings.dataBits)) {
+        return QStringLiteral("dataBits");
+    }
+    if (!m_port->setParity(settings.parity)) {
+        return QStringLiteral("parity");
+    }
+    if (!m_port->setStopBits(settings.stopBits)) {
+        return QStringLiteral("stopBits");
+    }
+    return m_port->setFlowControl(settings.flowControl) ? QString() : QStringLiteral("flowControl");
 }
 
 bool QtSerialPort::isForUsAlone() const

@@ -27,6 +27,7 @@ private:
     void onBytesWritten();
     void onError(QSerialPort::SerialPortError error);
     void giveUp();
+    QString configure(const LineSettings& settings);
     bool isForUsAlone() const;
 
     Observer* m_observer = nullptr;
