@@ -1,0 +1,163 @@
+#include "keep_alive.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr qint64 c_usPerMs = 1000;
+
+} // namespace
+
+KeepAlive::KeepAlive(Clock& clock, Callbacks callbacks) : m_clock(clock), m_callbacks(std::move(callbacks)) {}
+
+KeepAlive::~KeepAlive()
+{
+    m_clock.cancel(m_silenceTimer);
+    m_clock.cancel(m_answerTimer);
+}
+
+void KeepAlive::set(const QByteArray& frame, const QByteArray& response)
+{
+    const QByteArray lineEnd = QByteArrayLiteral("\r\n");
+    m_frame = frame.isEmpty() || frame.endsWith(lineEnd) ? frame : frame + lineEnd;
+    const QByteArray heldBack = takeHeldBack();
+    m_response = response;
+    restart();
+    if (!heldBack.isEmpty()) {
+        m_callbacks.release(heldBack);
+    }
+}
+
+void KeepAlive::start(int silenceMs)
+{
+    m_silenceMs = silenceMs;
+    restart();
+}
+
+void KeepAlive::stop()
+{
+    m_silenceMs = 0;
+    const QByteArray heldBack = takeHeldBack();
+    restart();
+    if (!heldBack.isEmpty()) {
+        m_callbacks.release(heldBack);
+    }
+}
+
+void KeepAlive::restart()
+{
+    m_clock.cancel(std::exchange(m_silenceTimer, 0));
+    m_clock.cancel(std::exchange(m_answerTimer, 0));
+    m_isAsking = false;
+    m_isSwallowing = false;
+    m_isAtLineStart = true;
+    if (isSet() && m_silenceMs > 0) {
+        quietFor(m_silenceMs);
+        m_silenceTimer = m_clock.callAfter(m_silenceMs, [this] { onSilence(); });
+    }
+    setMissing(0);
+}
+
+void KeepAlive::quietFor(int ms)
+{
+    // The timer is left as it is, it looks here when it goes off: a timer for each chunk would cost more than the
+    // chunk.
+    m_quietUntilUs = m_clock.nowUs() + ms * c_usPerMs;
+}
+
+void KeepAlive::frameSent()
+{
+    if (isSet()) {
+        quietFor(std::max(m_silenceMs, c_answerLimitMs));
+    }
+}
+
+void KeepAlive::onSilence()
+{
+    const qint64 restUs = m_quietUntilUs - m_clock.nowUs();
+    int restMs = static_cast<int>((restUs + c_usPerMs - 1) / c_usPerMs);
+    if (restMs <= 0) {
+        if (!m_isAsking && m_callbacks.ask(m_frame)) {
+            m_isAsking = true;
+            m_isAtLineStart = true; // a line cut off before the silence is not going to be continued
+            m_answerTimer = m_clock.callAfter(c_answerLimitMs, [this] { onAnswerLimit(); });
+        }
+        restMs = m_silenceMs;
+        quietFor(restMs);
+    }
+    m_silenceTimer = m_clock.callAfter(restMs, [this] { onSilence(); });
+}
+
+void KeepAlive::onAnswerLimit()
+{
+    m_answerTimer = 0;
+    m_isSwallowing = false;
+    if (!m_isAsking) {
+        return; // only the end of the answer's line has not come
+    }
+    m_isAsking = false;
+    const QByteArray heldBack = takeHeldBack();
+    setMissing(m_missing + 1);
+    if (!heldBack.isEmpty()) {
+        m_callbacks.release(heldBack);
+    }
+}
+
+void KeepAlive::onAnswer()
+{
+    m_isAsking = false;
+    m_heldBack = 0;
+}
+
+void KeepAlive::setMissing(int missing)
+{
+    const bool wasLost = isLost();
+    m_missing = missing;
+    if (isLost() != wasLost) {
+        m_callbacks.lostChanged();
+    }
+}
+
+QByteArray KeepAlive::takeHeldBack()
+{
+    return m_response.left(std::exchange(m_heldBack, 0));
+}
+
+QByteArray KeepAlive::arrived(const QByteArray& chunk)
+{
+    if (!isSet()) {
+        return chunk;
+    }
+    quietFor(m_silenceMs);
+    if (!m_isAsking && !m_isSwallowing) {
+        m_isAtLineStart = chunk.endsWith('\n');
+        return chunk;
+    }
+    QByteArray passed;
+    passed.reserve(m_heldBack + chunk.size());
+    bool wasAnswered = false;
+    for (const char byte : chunk) {
+        const bool endsLine = byte == '\n';
+        if (m_isSwallowing) {
+            m_isSwallowing = !endsLine;
+        } else if (m_isAsking && (m_isAtLineStart || m_heldBack > 0) && byte == m_response.at(m_heldBack)) {
+            if (++m_heldBack == m_response.size()) {
+                onAnswer();
+                wasAnswered = true;
+                m_isSwallowing = !endsLine;
+            }
+        } else {
+            passed += takeHeldBack();
+            passed += byte;
+        }
+        m_isAtLineStart = endsLine;
+    }
+    if (!m_isAsking && !m_isSwallowing) {
+        m_clock.cancel(std::exchange(m_answerTimer, 0));
+    }
+    if (wasAnswered) {
+        setMissing(0);
+    }
+    return passed;
+}

@@ -1,0 +1,111 @@
+#include "line_trace.h"
+
+#include <cstdio>
+
+#include <lib_utilities/clock.h>
+#include <lib_utilities/utilities.h>
+
+#include "logging.h"
+
+namespace {
+
+constexpr qint64 c_usPerSecond = 1000000;
+constexpr int c_secondDecimals = 6;
+
+} // namespace
+
+LineTrace::LineTrace(const Clock& clock) : m_clock(clock) {}
+
+QString LineTrace::start(const QString& target, const QString& subject)
+{
+    stop();
+    const bool toStandardError = target == QLatin1String("-");
+    m_output.setFileName(toStandardError ? QStringLiteral("standard error") : target);
+    const bool opened = toStandardError ? m_output.open(stderr, QIODevice::WriteOnly | QIODevice::Unbuffered)
+                                        : m_output.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+    if (!opened) {
+        return QStringLiteral("The trace cannot be written to %1 (%2): name a file in a folder that you may write to, "
+                              "or \"-\" for standard error.")
+            .arg(target, m_output.errorString());
+    }
+    m_startUs = m_clock.nowUs();
+    put(QStringLiteral("# serial trace 1, %1, %2\n").arg(subject, getDate()).toUtf8());
+    return {};
+}
+
+void LineTrace::stop()
+{
+    m_output.close();
+}
+
+void LineTrace::sent(const QByteArray& bytes)
+{
+    add('>', bytes);
+}
+
+void LineTrace::arrived(const QByteArray& bytes)
+{
+    add('<', bytes);
+}
+
+void LineTrace::remark(const QString& text)
+{
+    if (isOn()) {
+        add('!', text.toUtf8());
+    }
+}
+
+QByteArray LineTrace::escaped(const QByteArray& bytes)
+{
+    static const char c_hexDigits[] = "0123456789abcdef";
+    QByteArray text;
+    text.reserve(bytes.size() + bytes.size() / 8);
+    for (int i = 0; i < bytes.size(); ++i) {
+        const char byte = bytes.at(i);
+        const bool isBlankAtEnd = byte == ' ' && i + 1 == bytes.size();
+        if (byte == '\\') {
+            text += "\\\\";
+        } else if (byte == '\r') {
+            text += "\\r";
+        } else if (byte == '\n') {
+            text += "\\n";
+        } else if (byte == '\t') {
+            text += "\\t";
+        } else if (byte >= ' ' && byte <= '~' && !isBlankAtEnd) {
+            text += byte;
+        } else {
+            const auto value = static_cast<unsigned char>(byte);
+            text += "\\x";
+            text += c_hexDigits[value >> 4U];
+            text += c_hexDigits[value & 0x0fU];
+        }
+    }
+    return text;
+}
+
+void LineTrace::add(char direction, const QByteArray& bytes)
+{
+    if (!isOn()) {
+        return;
+    }
+    const qint64 momentUs = m_clock.nowUs() - m_startUs;
+    QByteArray line = QByteArray::number(momentUs / c_usPerSecond);
+    line += '.';
+    line += QByteArray::number(momentUs % c_usPerSecond).rightJustified(c_secondDecimals, '0');
+    line += ' ';
+    line += direction;
+    line += ' ';
+    line += escaped(bytes);
+    line += '\n';
+    put(line);
+}
+
+void LineTrace::put(const QByteArray& line)
+{
+    if (m_output.write(line) != line.size()) {
+        qCWarning(lcDriverSerial).noquote()
+            << QStringLiteral("The trace to %1 ends here, it cannot be written (%2): make room and switch it on again.")
+                   .arg(m_output.fileName(), m_output.errorString());
+        stop();
+    }
+}

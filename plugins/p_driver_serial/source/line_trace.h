@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QByteArray>
+#include <QFile>
+#include <QString>
+
+class Clock;
+
+/// Writes down what goes over the line, in both directions, so that it can be read and played back.
+///
+/// A trace is text, one entry a line, in the order in which things happened:
+///
+///     # serial trace 1, /dev/ttyUSB0, 2026-11-21T07:28:00.125
+///     0.000000 ! opened
+///     0.000125 > ATS\r\n
+///     0.004218 < RESP AA:BB:CC:DD:EE:FF HTR 2210 -61\r\nRE
+///     0.004300 < SP 11:22
+///
+/// - The first line is "# serial trace 1" (the number of the format), what is traced, and the date of moment 0.
+/// - Every other line is: the moment in seconds with six decimals (microseconds) since the trace was switched on, never
+///   falling; one blank; the direction; one blank; the text.
+/// - ">" has been handed to the port, "<" has arrived: one entry for each frame or chunk, its bytes as they were.
+///   "!" is a remark for people (opened, closed, a drop); who plays a trace back leaves it out.
+/// - Of the bytes, 0x20 to 0x7e stand for themselves but the backslash, which is "\\". CR is "\r", LF "\n", TAB "\t";
+///   every other byte is "\x" and two lower-case hexadecimal digits, and so is a blank at the end. The bytes can be
+///   regained without loss.
+class LineTrace
+{
+public:
+    /// The clock outlives the trace.
+    explicit LineTrace(const Clock& clock);
+
+    /// Begins a new trace and ends the one before. target: a file, which is written anew, or "-" for standard error.
+    /// subject: what is traced. Empty: it is on. Otherwise off, and one sentence: the file, the cause and what to do.
+    QString start(const QString& target, const QString& subject);
+    void stop();
+    bool isOn() const { return m_output.isOpen(); }
+
+    // While the trace is off these do nothing. Each entry is with the system when the call returns.
+    void sent(const QByteArray& bytes);
+    void arrived(const QByteArray& bytes);
+    void remark(const QString& text);
+
+    /// The bytes with control characters made visible, as above.
+    static QByteArray escaped(const QByteArray& bytes);
+
+private:
+    void add(char direction, const QByteArray& bytes);
+    void put(const QByteArray& line);
+
+    const Clock& m_clock;
+    QFile m_output;
+    qint64 m_startUs = 0;
+};

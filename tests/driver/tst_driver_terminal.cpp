@@ -1,0 +1,367 @@
+#include <QtTest>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <csignal>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <memory>
+
+#include <lib_utilities/system_clock.h>
+
+#include "line_settings.h"
+#include "port_problem.h"
+#include "pseudo_terminal.h"
+#include "qt_serial_port.h"
+#include "serial_line.h"
+
+namespace {
+
+class Listener : public ILineListener
+{
+public:
+    QByteArray bytes;
+    std::function<void()> onChunk;
+
+    void chunkArrived(const QByteArray& chunk, int number) override
+    {
+        Q_UNUSED(number)
+        bytes += chunk;
+        if (onChunk) {
+            onChunk();
+        }
+    }
+};
+
+qint64 processorTimeMs()
+{
+    rusage usage = {};
+    ::getrusage(RUSAGE_SELF, &usage);
+    return (usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) * 1000 +
+           (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1000;
+}
+
+} // namespace
+
+/// The line on QSerialPort and a pseudo-terminal, in real time.
+class TestDriverTerminal : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void writesBytesAsTheyAre();
+    void hearsBytesAsTheyAre();
+    void answersFalseWhenTheOtherEndTakesNothing();
+    void costsNoProcessorTimeAfterAHangUp();
+    void comesBackUnderTheSameName();
+    void refusesAPortThatThisProgramHasOpen();
+    void refusesAPortByItsOtherName();
+    void namesTheProgramThatHoldsThePort();
+    void opensAPortWhoseHolderWasKilled();
+    void namesAMissingPort();
+    void refusesAFileThatIsNoPort();
+    void saysWhatToDoWhenThePortIsNotPermitted();
+    void refusesSettingsThatThePortDoesNotHave();
+    void opensAgainForAWriteAfterClosing();
+    void mayBeClosedByAListener();
+    void mayBeDestroyedByAListener();
+
+private:
+    std::unique_ptr<SerialLine> makeLine();
+    bool write(SerialLine& line, const QByteArray& frame, int limitMs = 2000);
+    QString link() const { return m_folder->filePath(QStringLiteral("port")); }
+    void pointLinkTo(const PseudoTerminal& terminal) const;
+
+    std::unique_ptr<SystemClock> m_clock;
+    std::unique_ptr<PseudoTerminal> m_terminal;
+    std::unique_ptr<QTemporaryDir> m_folder;
+    LineSettings m_settings;
+    std::unique_ptr<SerialLine> m_line;
+};
+
+void TestDriverTerminal::init()
+{
+    m_clock = std::make_unique<SystemClock>();
+    m_terminal = std::make_unique<PseudoTerminal>();
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_settings = LineSettings();
+    m_settings.port = m_terminal->path();
+    m_line = makeLine();
+}
+
+void TestDriverTerminal::cleanup()
+{
+    m_line.reset();
+    m_terminal.reset();
+    m_clock.reset();
+}
+
+std::unique_ptr<SerialLine> TestDriverTerminal::makeLine()
+{
+    return std::make_unique<SerialLine>(std::make_unique<QtSerialPort>(), *m_clock, [this] {
+        return LineSettingsResult{m_settings, {}};
+    });
+}
+
+bool TestDriverTerminal::write(SerialLine& line, const QByteArray& frame, int limitMs)
+{
+    bool answered = false;
+    bool left = false;
+    const WriteQueue::Id id = line.write(frame, limitMs, [&](bool ok, const QString&) {
+        answered = true;
+        left = ok;
+    });
+    const bool came = id != 0 && QTest::qWaitFor([&] { return answered; }, limitMs + 3000);
+    line.forgetDone(id);
+    return came && left;
+}
+
+void TestDriverTerminal::pointLinkTo(const PseudoTerminal& terminal) const
+{
+    QFile::remove(link());
+    QVERIFY(QFile::link(terminal.path(), link()));
+}
+
+void TestDriverTerminal::writesBytesAsTheyAre()
+{
+    const QByteArray bytes = QByteArray::fromHex("000a0d03ff1113") + "ATS\r\n";
+    QVERIFY(write(*m_line, bytes));
+    QCOMPARE(m_terminal->received(), bytes);
+}
+
+void TestDriverTerminal::hearsBytesAsTheyAre()
+{
+    Listener listener;
+    m_line->addListener(&listener);
+    const QByteArray bytes = QByteArray::fromHex("000a0d03ff111304") + "RE:F:1\r\n";
+    m_terminal->send(bytes);
+    QTRY_COMPARE(listener.bytes, bytes);
+}
+
+void TestDriverTerminal::answersFalseWhenTheOtherEndTakesNothing()
+{
+    QVERIFY(!write(*m_line, QByteArray(1024 * 1024, 'x'), 200));
+    QCOMPARE(m_line->state(), SerialLine::State::Open);
+}
+
+void TestDriverTerminal::costsNoProcessorTimeAfterAHangUp()
+{
+    Listener listener;
+    m_line->addListener(&listener);
+    QSignalSpy changes(m_line.get(), &SerialLine::changed);
+    m_terminal->hangUp();
+    QTRY_COMPARE(m_line->state(), SerialLine::State::Lost);
+    QVERIFY2(m_line->error().contains(QStringLiteral("went away")), qPrintable(m_line->error()));
+    changes.clear();
+    const qint64 beforeMs = processorTimeMs();
+    QTest::qWait(300);
+    const qint64 usedMs = processorTimeMs() - beforeMs;
+    QVERIFY2(usedMs < 100, qPrintable(QString::number(usedMs)));
+    QVERIFY(changes.size() <= 1); // now it is missing
+}
+
+void TestDriverTerminal::comesBackUnderTheSameName()
+{
+    pointLinkTo(*m_terminal);
+    m_settings.port = link();
+    Listener listener;
+    m_line->addListener(&listener);
+    QCOMPARE(m_line->state(), SerialLine::State::Open);
+    m_terminal->hangUp();
+    QTRY_COMPARE(m_line->state(), SerialLine::State::Lost);
+
+    const PseudoTerminal replugged;
+    pointLinkTo(replugged);
+    QTRY_COMPARE(m_line->state(), SerialLine::State::Open);
+    QCOMPARE(m_line->error(), QString());
+    replugged.send("OK\r\n");
+    QTRY_COMPARE(listener.bytes, QByteArray("OK\r\n"));
+}
+
+void TestDriverTerminal::refusesAPortThatThisProgramHasOpen()
+{
+    QVERIFY(write(*m_line, "1"));
+    const auto second = makeLine();
+    QVERIFY(!write(*second, "2"));
+    QVERIFY2(second->error().contains(m_terminal->path()), qPrintable(second->error()));
+    QVERIFY2(second->error().contains(QStringLiteral("in use by another device of this program")),
+             qPrintable(second->error()));
+    QCOMPARE(m_terminal->received(), QByteArray("1"));
+}
+
+void TestDriverTerminal::refusesAPortByItsOtherName()
+{
+    QVERIFY(write(*m_line, "1"));
+    pointLinkTo(*m_terminal);
+    m_settings.port = link();
+    const auto second = makeLine();
+    QVERIFY(!write(*second, "2"));
+    QVERIFY2(second->error().contains(link()), qPrintable(second->error()));
+}
+
+namespace {
+
+/// Another program that has the port open, alone, until it is killed. It runs nothing of Qt.
+class Holder
+{
+public:
+    explicit Holder(const QString& path)
+    {
+        int ready[2] = {};
+        if (::pipe(ready) != 0) {
+            return;
+        }
+        const QByteArray name = path.toLocal8Bit();
+        m_process = ::fork();
+        if (m_process == 0) {
+            const int port = ::open(name.constData(), O_RDWR | O_NOCTTY);
+            const bool isHeld = port >= 0 && ::flock(port, LOCK_EX) == 0 && ::write(ready[1], "", 1) == 1;
+            while (isHeld) {
+                ::pause();
+            }
+            ::_exit(1);
+        }
+        char byte = 0;
+        m_isHolding = ::read(ready[0], &byte, 1) == 1;
+        ::close(ready[0]);
+        ::close(ready[1]);
+    }
+    ~Holder() { kill(); }
+
+    pid_t process() const { return m_process; }
+    bool isHolding() const { return m_isHolding; }
+    void kill()
+    {
+        if (m_process > 0) {
+            ::kill(m_process, SIGKILL);
+            ::waitpid(m_process, nullptr, 0);
+            m_process = 0;
+        }
+    }
+
+private:
+    Q_DISABLE_COPY(Holder)
+
+    pid_t m_process = 0;
+    bool m_isHolding = false;
+};
+
+} // namespace
+
+void TestDriverTerminal::namesTheProgramThatHoldsThePort()
+{
+    const Holder holder(m_terminal->path());
+    QVERIFY(holder.isHolding());
+    QVERIFY(!write(*m_line, "1"));
+    const QString named = QStringLiteral("in use by tst_driver_term (process %1)").arg(holder.process());
+    QVERIFY2(m_line->error().contains(named), qPrintable(m_line->error()));
+}
+
+void TestDriverTerminal::opensAPortWhoseHolderWasKilled()
+{
+    // The lock file of a process that is gone.
+    const QString lock =
+        QStringLiteral("/var/lock/LCK..") + m_terminal->path().mid(5).replace(QLatin1Char('/'), QLatin1Char('_'));
+    const pid_t gone = ::fork();
+    if (gone == 0) {
+        ::_exit(0);
+    }
+    ::waitpid(gone, nullptr, 0);
+    QFile file(lock);
+    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(lock));
+    file.write(QByteArray::number(gone) + "\ntst\n" + QSysInfo::machineHostName().toLocal8Bit() + '\n');
+    file.close();
+    QVERIFY2(write(*m_line, "1"), qPrintable(m_line->error()));
+}
+
+void TestDriverTerminal::namesAMissingPort()
+{
+    m_settings.port = m_folder->filePath(QStringLiteral("nothing"));
+    QVERIFY(!write(*m_line, "1"));
+    QVERIFY2(m_line->error().contains(m_settings.port + QStringLiteral(" does not exist")),
+             qPrintable(m_line->error()));
+}
+
+void TestDriverTerminal::refusesAFileThatIsNoPort()
+{
+    QFile file(link());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    m_settings.port = link();
+    QVERIFY(!write(*m_line, "1"));
+    QVERIFY2(m_line->error().contains(QStringLiteral("is no serial port")), qPrintable(m_line->error()));
+}
+
+void TestDriverTerminal::saysWhatToDoWhenThePortIsNotPermitted()
+{
+    if (::getuid() != 0) {
+        QVERIFY(::chmod(m_terminal->path().toLocal8Bit().constData(), 0) == 0);
+    }
+    // Root may open everything: then a process without its rights tries.
+    constexpr uid_t c_nobody = 65534;
+    int answer[2] = {};
+    QVERIFY(::pipe(answer) == 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const bool isOrdinary = ::getuid() != 0 || (::setgid(c_nobody) == 0 && ::setuid(c_nobody) == 0);
+        const QByteArray text =
+            isOrdinary ? port_problem::cannotOpen(m_terminal->path(), QString()).toUtf8() : QByteArray();
+        const bool isTold = ::write(answer[1], text.constData(), static_cast<size_t>(text.size())) == text.size();
+        ::_exit(isTold ? 0 : 1);
+    }
+    ::close(answer[1]);
+    QFile reader;
+    QVERIFY(reader.open(answer[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle));
+    const QString told = QString::fromUtf8(reader.readAll());
+    ::waitpid(child, nullptr, 0);
+    QVERIFY2(told.contains(QStringLiteral("may not be opened by this user: run \"sudo usermod -aG ")),
+             qPrintable(told));
+}
+
+void TestDriverTerminal::refusesSettingsThatThePortDoesNotHave()
+{
+    m_settings.parity = QSerialPort::EvenParity; // no pseudo-terminal has it
+    QVERIFY(!write(*m_line, "1"));
+    QVERIFY2(m_line->error().contains(m_terminal->path()), qPrintable(m_line->error()));
+    QVERIFY2(m_line->error().contains(QStringLiteral("\"parity\"")), qPrintable(m_line->error()));
+}
+
+void TestDriverTerminal::opensAgainForAWriteAfterClosing()
+{
+    QVERIFY(write(*m_line, "1"));
+    m_line->closeConnection();
+    QCOMPARE(m_line->state(), SerialLine::State::Closed);
+    QVERIFY(write(*m_line, "2"));
+    QCOMPARE(m_terminal->received(), QByteArray("12"));
+}
+
+void TestDriverTerminal::mayBeClosedByAListener()
+{
+    Listener listener;
+    listener.onChunk = [this] { m_line->closeConnection(); };
+    m_line->addListener(&listener);
+    m_terminal->send("1");
+    QTRY_COMPARE(m_line->state(), SerialLine::State::Closed);
+}
+
+void TestDriverTerminal::mayBeDestroyedByAListener()
+{
+    Listener listener;
+    listener.onChunk = [this] { m_line.reset(); };
+    m_line->addListener(&listener);
+    m_terminal->send("1");
+    QTRY_VERIFY(m_line == nullptr);
+    QTest::qWait(1);                               // what is deleted later is deleted now
+    QVERIFY(makeLine()->write("2", 500, {}) != 0); // the port is free
+}
+
+QTEST_GUILESS_MAIN(TestDriverTerminal)
+#include "tst_driver_terminal.moc"
