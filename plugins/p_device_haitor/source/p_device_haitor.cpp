@@ -5,8 +5,13 @@
 #include <lib_utilities/utilities.h>
 
 #include "d_cmd_checkSerialId.h"
+#include "d_cmd_getPresetData.h"
 #include "d_cmd_keepAlive.h"
+#include "d_cmd_listPrograms.h"
+#include "d_cmd_listen.h"
 #include "d_cmd_setKeepAliveFonction.h"
+#include "d_cmd_setLock.h"
+#include "d_cmd_setProgram.h"
 #include "names.h"
 
 namespace {
@@ -47,6 +52,11 @@ IPlugin::Type PDeviceHaitor::getPluginType()
 void PDeviceHaitor::initPluginCommands()
 {
     initAbstractCommands();
+    declareInstructionCommand(new DCmdListen(this));
+    declareInstructionCommand(new DCmdGetPresetData(this));
+    declareInstructionCommand(new DCmdListPrograms(this));
+    declareInstructionCommand(new DCmdSetProgram(this));
+    declareInstructionCommand(new DCmdSetLock(this));
     declareInstructionCommand(new DCmdKeepAlive(this));
     declareInstructionCommand(new DCmdSetKeepAliveFonction(this));
     declareInstructionCommand(new DCmdCheckSerialId(this));

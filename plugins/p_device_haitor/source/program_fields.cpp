@@ -4,14 +4,14 @@
 
 #include <limits>
 
+#include "frames.h"
+
 namespace program_fields {
 
 namespace {
 
 constexpr int c_codeLength = 3;
 constexpr int c_torqueFactor = 100;
-constexpr QStringView c_acknowledgement(u"OK:");
-constexpr QStringView c_torqueCode(u"TRQ");
 
 QString unitOf(const QString& text, const QString& unknown)
 {
@@ -44,7 +44,7 @@ QVariantMap readableKeys(const QVariantMap& fields, const QString& unknownUnit)
     const auto text = [&fields](const QString& code) { return fields.value(code).toString(); };
     return {{QStringLiteral("unit"), unitOf(text(QStringLiteral("UNT")), unknownUnit)},
             {QStringLiteral("targetAngle"), text(QStringLiteral("ANG"))},
-            {QStringLiteral("torque"), torqueOf(text(c_torqueCode.toString()))},
+            {QStringLiteral("torque"), torqueOf(text(frames::c_torqueField))},
             {QStringLiteral("snugTorque"), text(QStringLiteral("SNG"))},
             {QStringLiteral("auditMode"), text(QStringLiteral("ADT"))},
             {QStringLiteral("numberOfReadings"), text(QStringLiteral("NUM"))}};
@@ -54,12 +54,12 @@ QVariantMap readableKeys(const QVariantMap& fields, const QString& unknownUnit)
 
 bool namesAProgram(const QString& line)
 {
-    return line.contains(c_torqueCode);
+    return line.contains(frames::c_torqueField);
 }
 
 QString withoutAcknowledgement(const QString& line)
 {
-    return line.startsWith(c_acknowledgement) ? line.mid(static_cast<int>(c_acknowledgement.size())) : line;
+    return line.startsWith(frames::c_fields) ? line.mid(frames::c_fields.size()) : line;
 }
 
 QVariantMap split(const QString& fields)
