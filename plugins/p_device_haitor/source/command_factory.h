@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QPointer>
+#include <QSharedPointer>
+
+#include <lib_plugins_management/i_command.h>
+
+/// Makes a command for one run. It is a child of the plugin and also held by the pointer; whichever goes first deletes
+/// it, and the other finds it gone. Command: has the constructor (parameters, parent).
+template <class Command>
+QSharedPointer<ICommand> makeCommand(const QMap<QString, QVariant>& parameters, QObject* parent)
+{
+    auto* command = new Command(parameters, parent);
+    const QPointer<QObject> guard(command);
+    return QSharedPointer<ICommand>(command, [guard](ICommand*) { delete guard.data(); });
+}
