@@ -5,8 +5,11 @@
 #include <lib_utilities/utilities.h>
 
 #include "d_cmd_checkSerialId.h"
+#include "d_cmd_connectToDevice.h"
 #include "d_cmd_keepAlive.h"
+#include "d_cmd_sendInitConfig.h"
 #include "d_cmd_setKeepAliveFonction.h"
+#include "d_cmd_startDetection.h"
 #include "names.h"
 
 namespace {
@@ -47,6 +50,9 @@ IPlugin::Type PDeviceHaitor::getPluginType()
 void PDeviceHaitor::initPluginCommands()
 {
     initAbstractCommands();
+    declareInstructionCommand(new DCmdConnectToDevice(this));
+    declareInstructionCommand(new DCmdStartDetection(this));
+    declareInstructionCommand(new DCmdSendInitConfig(this));
     declareInstructionCommand(new DCmdKeepAlive(this));
     declareInstructionCommand(new DCmdSetKeepAliveFonction(this));
     declareInstructionCommand(new DCmdCheckSerialId(this));
