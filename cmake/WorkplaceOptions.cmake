@@ -12,7 +12,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 # One place for what is loaded and run, so that programs find libraries and plugins beside them, built or installed.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
-set(WORKPLACE_PLUGIN_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/plugins")
+set(WORKPLACE_PLUGIN_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib/plugins")
 set(WORKPLACE_PLUGIN_INSTALL_DIRECTORY "${CMAKE_INSTALL_LIBDIR}/haitor-workplace/plugins")
 
 add_library(workplace_options INTERFACE)

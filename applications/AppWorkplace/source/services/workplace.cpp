@@ -18,7 +18,7 @@ constexpr IPlugin::Type c_driverType = 0x44726976; // "Driv"
 QString defaultPluginFolder()
 {
     const QDir program(QCoreApplication::applicationDirPath());
-    const QString built = program.absoluteFilePath(QStringLiteral("../plugins"));
+    const QString built = program.absoluteFilePath(QStringLiteral("../lib/plugins"));
     return QDir(built).exists() ? QDir::cleanPath(built)
                                 : QDir::cleanPath(program.absoluteFilePath(QStringLiteral(WORKPLACE_PLUGIN_FOLDER)));
 }
