@@ -1,5 +1,4 @@
 #include <QCoreApplication>
-#include <QLoggingCategory>
 #include <QTimer>
 
 #include <cstdio>
@@ -14,11 +13,26 @@
 #include "cli/scan_command.h"
 #include "cli/session_command.h"
 
+namespace {
+
+/// Log lines for people. Traces are for who asks for them: the plugins write one for each instance.
+void writeLog(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    static const bool isTraced = qEnvironmentVariableIsSet("WORKPLACE_DEBUG");
+    if (type == QtDebugMsg && !isTraced) {
+        return;
+    }
+    const QByteArray line = Console::visible(message.trimmed()).toUtf8();
+    std::fprintf(stderr, "%s: %s\n", context.category, line.constData());
+}
+
+} // namespace
+
 int main(int argc, char* argv[])
 {
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("haitor-workplace"));
-    qSetMessagePattern(QStringLiteral("%{if-category}%{category}: %{endif}%{message}"));
+    qInstallMessageHandler(&writeLog);
 
     const QList<CliEntry> entries = {SessionCommand::entry(), ScanCommand::entry(), RunCommand::entry(),
                                      CommandsCommand::entry(), PortsCommand::entry()};

@@ -91,6 +91,7 @@ void SessionTextReport::programs(const QVariantList& programs)
 void SessionTextReport::selected(int program, const QVariantMap& preset)
 {
     Q_UNUSED(preset)
+    m_isSelected = true;
     m_stepText = QStringLiteral("program %1").arg(program);
 }
 
@@ -130,6 +131,8 @@ void SessionTextReport::summary(const SessionSummary& summary)
                        .arg(seconds(summary.elapsedMs));
     if (summary.program > 0) {
         line += QStringLiteral("; program %1").arg(summary.program);
+        // What the plugin records without a selection is the end of its walk through the list.
+        line += m_isSelected ? QString() : QStringLiteral(" (the last one listed; none was selected)");
     }
     m_console.line(m_console.strong(line));
 }

@@ -28,4 +28,5 @@ private:
     QString m_stepText;  // what the current step has to tell
     TextTable m_results;
     int m_shown = 0;
+    bool m_isSelected = false;
 };
