@@ -1,0 +1,50 @@
+#pragma once
+
+#include "terminal.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QSocketNotifier>
+
+#include <memory>
+
+/// Bytes to and from a terminal with the event loop. Holds at most one chunk that the terminal has not taken yet.
+class LinePort : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit LinePort(std::unique_ptr<Terminal> terminal, QObject* parent = nullptr);
+    ~LinePort() override;
+
+    bool open(QString* error);
+    void close();
+    bool isOpen() const { return m_terminal->descriptor() >= 0; }
+    QString path() const { return m_terminal->path(); }
+
+    /// False while the terminal is full: write nothing then, writable() will follow.
+    bool isWritable() const { return m_rest.isEmpty(); }
+
+    /// Writes the chunk, at once as far as the terminal takes it. Nobody there to read: it is gone.
+    void write(const QByteArray& chunk);
+
+Q_SIGNALS:
+    void received(const QByteArray& bytes);
+    void writable();
+
+    /// The line went away by itself; it is closed already.
+    void hungUp();
+
+private:
+    std::unique_ptr<QSocketNotifier> makeNotifier(int descriptor, QSocketNotifier::Type type, void (LinePort::*slot)());
+    void readAll();
+    void readersChanged();
+    void writeRest();
+    void hangUp();
+
+    std::unique_ptr<Terminal> m_terminal;
+    std::unique_ptr<QSocketNotifier> m_readNotifier;
+    std::unique_ptr<QSocketNotifier> m_writeNotifier;
+    std::unique_ptr<QSocketNotifier> m_readerNotifier;
+    QByteArray m_rest;
+};

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "dongle.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+/// What the command line asks for.
+struct Options
+{
+    Dongle::Settings dongle;
+    std::vector<Wrench::Settings> wrenches;
+    std::vector<Fault> faults;
+    quint32 seed = 1;
+    QString linkPath;   ///< empty: none
+    QString devicePath; ///< empty: a pseudo-terminal
+    bool hasConsole = false;
+    bool exitsWithParent = false;
+};
+
+/// How a command line was understood.
+struct ParsedOptions
+{
+    enum class Outcome {
+        Run,
+        Explain, ///< print the text on standard output and end well
+        Refuse   ///< print the text on standard error and end with c_exitUsage
+    };
+
+    Outcome outcome = Outcome::Refuse;
+    Options options;
+    QString text;
+};
+
+constexpr int c_exitUsage = 2;
+
+/// arguments: the program's name first.
+ParsedOptions parseOptions(const QStringList& arguments);

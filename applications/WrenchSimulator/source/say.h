@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QString>
+
+/// One line on standard output, out at once: for programs and for the console.
+void sayLine(const QString& text);
+
+/// One line on standard error, with the program's name before it: for people.
+void sayNote(const QString& text);
