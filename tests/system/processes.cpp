@@ -19,6 +19,7 @@ struct Status
 {
     char state = 'X'; // gone
     qint64 parent = 0;
+    qint64 processorTicks = 0;
 };
 
 Status statusOf(const QString& pid)
@@ -30,7 +31,13 @@ Status statusOf(const QString& pid)
     // pid (name) state parent …, and a name may hold anything, also brackets and blanks
     const QByteArray text = file.readAll();
     const QList<QByteArray> fields = text.mid(text.lastIndexOf(')') + 2).split(' ');
-    return fields.size() < 2 ? Status() : Status{fields.at(0).at(0), fields.at(1).toLongLong()};
+    constexpr int c_userTicks = 11;
+    constexpr int c_systemTicks = 12;
+    if (fields.size() <= c_systemTicks) {
+        return {};
+    }
+    return {fields.at(0).at(0), fields.at(1).toLongLong(),
+            fields.at(c_userTicks).toLongLong() + fields.at(c_systemTicks).toLongLong()};
 }
 
 bool isOver(const Status& status)
@@ -70,6 +77,12 @@ QList<qint64> processes::childrenOf(qint64 pid)
 bool processes::isRunning(qint64 pid)
 {
     return !isOver(statusOf(QString::number(pid)));
+}
+
+qint64 processes::processorMsOf(qint64 pid)
+{
+    constexpr qint64 c_msPerSecond = 1000;
+    return statusOf(QString::number(pid)).processorTicks * c_msPerSecond / ::sysconf(_SC_CLK_TCK);
 }
 
 HeldPort::HeldPort(const QString& path)

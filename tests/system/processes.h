@@ -12,6 +12,9 @@ QList<qint64> childrenOf(qint64 pid);
 /// False for one that has ended, also when nobody has asked for its exit status yet.
 bool isRunning(qint64 pid);
 
+/// The processor time that it has taken, in milliseconds; 0: it is gone.
+qint64 processorMsOf(qint64 pid);
+
 } // namespace processes
 
 /// A port that somebody else uses: a process of its own holds it open and locked for as long as the object lives.

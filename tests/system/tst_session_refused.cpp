@@ -57,7 +57,7 @@ void TestSessionRefused::saysThatASilentWrenchWasEndedByTheTimeLimit()
     QVERIFY2(session.waitForEnd(), session.report());
     QCOMPARE(session.exitStatus(), 1);
     QCOMPARE(failedStepOf(session), step);
-    QCOMPARE(reasonOf(session), QStringLiteral("no answer within the time limit of 0.8 s"));
+    QVERIFY2(reasonOf(session).contains(QLatin1String("the time limit of 0.8 s")), session.report());
     QCOMPARE(session.event(QStringLiteral("summary")).value(QLatin1String("endedBy")).toString(),
              QStringLiteral("failure"));
     QVERIFY(session.event(QStringLiteral("summary")).value(QLatin1String("elapsedMs")).toInt() >= 800);
@@ -98,7 +98,8 @@ void TestSessionRefused::failsWhenTheLinkedWrenchDoesNotAnswerTheProbe()
     QVERIFY2(session.waitForEnd(), session.report());
     QCOMPARE(session.exitStatus(), 1);
     QCOMPARE(failedStepOf(session), QStringLiteral("connect"));
-    QVERIFY2(reasonOf(session).contains(QLatin1String("time limit")), qPrintable(reasonOf(session)));
+    QVERIFY2(reasonOf(session).contains(QLatin1String("the time limit of 0.8 s")), session.report());
+    QVERIFY2(reasonOf(session).contains(QLatin1String("ERR:2")), session.report());
 }
 
 void TestSessionRefused::namesTheRefusalOfADongleThatDoesNotReopenTheLink()
@@ -179,9 +180,10 @@ void TestSessionRefused::tellsPeopleWhatFailedWhyAndWhatToDo()
                                                   option("limit", QStringLiteral("0.5"))));
     QVERIFY2(session.waitForEnd(), session.report());
     QCOMPARE(session.exitStatus(), 1);
-    QCOMPARE(session.messages(),
-             QStringLiteral("configure: the wrench could not be configured: no answer within the time limit of 0.5 s; "
-                            "bring the wrench nearer and try again\n"));
+    const QString message = session.messages();
+    QVERIFY2(message.startsWith(QLatin1String("configure: the wrench could not be configured: ")), qPrintable(message));
+    QVERIFY2(message.contains(QLatin1String("the time limit of 0.5 s")), qPrintable(message));
+    QVERIFY2(message.endsWith(QLatin1String("; bring the wrench nearer and try again\n")), qPrintable(message));
     QVERIFY2(session.outputLines().last().startsWith(QLatin1String("0 results")), session.report());
 }
 
