@@ -42,10 +42,9 @@ void DOrder::start(int limitMs)
     m_state = State::Queued;
     m_router->later(*this, [this] { execute(); });
     if (limitMs > 0) {
-        m_limit = m_router->clock().callAfter(limitMs, [this] {
-            m_limit = 0;
-            end(Outcome::TimedOut);
-        });
+        // Through the router: what was produced before the limit is delivered before it.
+        m_limit = m_router->clock().callAfter(
+            limitMs, [this] { m_router->later(*this, [this] { end(Outcome::TimedOut); }); });
     }
 }
 
