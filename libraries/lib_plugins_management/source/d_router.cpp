@@ -57,6 +57,10 @@ DRouter::~DRouter()
     const QList<DOrder*> orders = m_orders;
     for (DOrder* order : orders) {
         order->drop(DOrder::Outcome::Gone);
+        order->m_plugin = nullptr;
+        if (!order->m_endIsAnnounced) {
+            QMetaObject::invokeMethod(order, &DOrder::sigFinished, Qt::QueuedConnection);
+        }
     }
     for (const Instruction& instruction : qAsConst(m_instructions)) {
         m_clock.cancel(instruction.limit);
