@@ -48,7 +48,7 @@ inline constexpr QLatin1String c_currentProgram = "TR:C"_frame; // answered by t
 inline constexpr QLatin1String c_nextProgram = "TR:N"_frame;    // answered by OK
 
 // From the dongle: how its lines begin.
-inline constexpr QLatin1String c_wrenchHeard = "RESP"_frame; // RESP <x> <address> <x> <serial number> <signal strength>
+inline constexpr QLatin1String c_wrenchHeard = "RESP"_frame; // RESP <address> <model> <serial number> <signal strength>
 inline constexpr QLatin1String c_dialEcho = "ATD"_frame;     // ATD <address>
 inline constexpr QLatin1String c_hungUp = "ATH"_frame;       // the hang-up has been executed
 inline constexpr QLatin1String c_linkOpen = "DATA"_frame;    // the radio link is open

@@ -5,13 +5,16 @@
 #include <lib_utilities/utilities.h>
 
 #include "d_cmd_checkSerialId.h"
+#include "d_cmd_connectToDevice.h"
 #include "d_cmd_getPresetData.h"
 #include "d_cmd_keepAlive.h"
 #include "d_cmd_listPrograms.h"
 #include "d_cmd_listen.h"
+#include "d_cmd_sendInitConfig.h"
 #include "d_cmd_setKeepAliveFonction.h"
 #include "d_cmd_setLock.h"
 #include "d_cmd_setProgram.h"
+#include "d_cmd_startDetection.h"
 #include "names.h"
 
 namespace {
@@ -52,8 +55,11 @@ IPlugin::Type PDeviceHaitor::getPluginType()
 void PDeviceHaitor::initPluginCommands()
 {
     initAbstractCommands();
+    declareInstructionCommand(new DCmdConnectToDevice(this));
     declareInstructionCommand(new DCmdListen(this));
     declareInstructionCommand(new DCmdGetPresetData(this));
+    declareInstructionCommand(new DCmdStartDetection(this));
+    declareInstructionCommand(new DCmdSendInitConfig(this));
     declareInstructionCommand(new DCmdListPrograms(this));
     declareInstructionCommand(new DCmdSetProgram(this));
     declareInstructionCommand(new DCmdSetLock(this));
