@@ -31,6 +31,7 @@ private Q_SLOTS:
     void keepsWhatArrivesBeforeTheFrameIsSeenToHaveLeft();
     void dropsTheAnswerToAFrameAfter100Ms();
     void dropsTheAnswerToAFrameForTheNextFrame();
+    void dropsTheAnswerToAFrameWhenThePortCloses();
     void givesKeptInputOnceTheListenerHasBegun();
     void givesKeptInputBeforeWhatArrivesLater();
     void keepsAtMostOneMebibyteAndLogsTheDrop();
@@ -38,11 +39,13 @@ private Q_SLOTS:
     void staysAListenerWhenThePortGoesAway();
     void opensAgainAfterAQuarterSecondDoublingToFive();
     void startsWithAQuarterSecondAgainAfterTraffic();
+    void startsWithAQuarterSecondAgainAfterAFrame();
     void doesNotOpenAgainWithoutListeners();
     void doesNotOpenAgainOnceTheLastListenerHasGone();
     void isNotServedAfterClosingUntilTheNextWrite();
     void closesOnlyAfterTheFramesAskedBefore();
     void opensForAFrameAskedAfterClosing();
+    void closesBetweenTheFramesThoughThePortGoesAway();
     void closesAPortThatIsLost();
     void survivesAListenerThatStopsAnother();
     void survivesAListenerThatDestroysTheDriver();
@@ -188,6 +191,18 @@ void TestDriverListen::dropsTheAnswerToAFrameForTheNextFrame()
     QCOMPARE(heard(run), QByteArray());
 }
 
+void TestDriverListen::dropsTheAnswerToAFrameWhenThePortCloses()
+{
+    const DriverFixture driver;
+    const Run write = driver.write("ATH\r\n");
+    driver.port->leave();
+    driver.port->arrive("ATH\r\n");
+    const Run closing = driver.run("closeConnection");
+    const Run run = driver.listen();
+    driver.clock->advance(0);
+    QCOMPARE(heard(run), QByteArray());
+}
+
 void TestDriverListen::givesKeptInputOnceTheListenerHasBegun()
 {
     const DriverFixture driver;
@@ -281,6 +296,21 @@ void TestDriverListen::startsWithAQuarterSecondAgainAfterTraffic()
     QVERIFY(driver.port->isOpen());
 }
 
+void TestDriverListen::startsWithAQuarterSecondAgainAfterAFrame()
+{
+    const DriverFixture driver;
+    driver.port->openProblem = c_missing;
+    const Run run = driver.listen();
+    driver.clock->advance(250 + 500 + 999);
+    driver.port->openProblem.clear();
+    driver.clock->advance(1);
+    const Run write = driver.write("1");
+    driver.port->leave();
+    driver.port->fail(c_gone);
+    driver.clock->advance(250);
+    QVERIFY(driver.port->isOpen());
+}
+
 void TestDriverListen::doesNotOpenAgainWithoutListeners()
 {
     const DriverFixture driver;
@@ -336,6 +366,18 @@ void TestDriverListen::opensForAFrameAskedAfterClosing()
     driver.port->leave();
     QVERIFY(second.succeeded());
     QCOMPARE(driver.port->written, QByteArrayList({"1", "2"}));
+}
+
+void TestDriverListen::closesBetweenTheFramesThoughThePortGoesAway()
+{
+    const DriverFixture driver;
+    const Run first = driver.write("1");
+    const Run closing = driver.run("closeConnection");
+    const Run second = driver.write("2");
+    driver.port->fail(c_gone);
+    QCOMPARE(first.error(), c_gone);
+    driver.port->leave();
+    QVERIFY(second.succeeded());
 }
 
 void TestDriverListen::closesAPortThatIsLost()

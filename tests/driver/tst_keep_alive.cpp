@@ -1,6 +1,7 @@
 #include <QtTest>
 
 #include "driver_fixture.h"
+#include "serial_line.h"
 
 namespace {
 
@@ -31,13 +32,16 @@ private Q_SLOTS:
     void takesItsAnswerOutOfTheStream_data();
     void takesItsAnswerOutOfTheStream();
     void takesOutOneAnswerForOneQuestion();
+    void takesItsAnswerBehindALineThatWasCutOff();
     void leavesLinesAloneWhileItHasNotAsked();
+    void passesWhatFollowsAnAnswerWithoutLineEnd();
     void givesBackWhatOnlyBeganLikeTheAnswer();
     void givesBackWhatItHeldWhenTheLineCloses();
     void losesTheDeviceAfterThreeMissingAnswersInARow();
     void doesNotLoseTheDeviceWhenAnAnswerComesBetween();
     void findsTheDeviceWhenItAnswers();
     void forgetsWhatIsMissingWhenTheLineOpensAgain();
+    void isNeverConnectedBetweenNoAnswerAndLost();
     void isSwitchedOffByAnEmptyFrame();
     void findsTheDeviceWhenItIsSwitchedOff();
 
@@ -258,6 +262,39 @@ void TestKeepAlive::takesOutOneAnswerForOneQuestion()
     m_driver->port->arrive("OK:1\r\nOK:2\r\n");
     m_driver->port->arrive("OK:3\r\n");
     QCOMPARE(heard(m_listener), QByteArray("OK:2\r\nOK:3\r\n"));
+}
+
+void TestKeepAlive::takesItsAnswerBehindALineThatWasCutOff()
+{
+    set();
+    waitForTheQuestion();
+    m_driver->port->arrive("RE:F");
+    m_driver->clock->advance(2000);
+    waitForTheQuestion();
+    m_driver->port->arrive("OK:1\r\n");
+    QCOMPARE(heard(m_listener), QByteArray("RE:F"));
+}
+
+void TestKeepAlive::passesWhatFollowsAnAnswerWithoutLineEnd()
+{
+    set();
+    waitForTheQuestion();
+    m_driver->port->arrive("OK:1");
+    m_driver->clock->advance(2000);
+    m_driver->port->arrive("RE:F:1\r\n");
+    QCOMPARE(heard(m_listener), QByteArray("RE:F:1\r\n"));
+}
+
+void TestKeepAlive::isNeverConnectedBetweenNoAnswerAndLost()
+{
+    set();
+    askInVain(3);
+    QVector<SerialLine::State> states;
+    const SerialLine* line = m_driver->plugin->line();
+    connect(line, &SerialLine::changed, this, [&] { states.append(line->state()); });
+    m_driver->port->openProblem = QStringLiteral("It is missing.");
+    m_driver->port->fail(QStringLiteral("It went away."));
+    QCOMPARE(states, QVector<SerialLine::State>{SerialLine::State::Lost});
 }
 
 void TestKeepAlive::leavesLinesAloneWhileItHasNotAsked()
