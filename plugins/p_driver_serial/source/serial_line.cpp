@@ -277,7 +277,7 @@ void SerialLine::deliver(const QByteArray& bytes)
     if (self.isNull()) {
         return;
     }
-    m_number = m_number == std::numeric_limits<int>::max() ? 1 : m_number + 1;
+    m_number = numberAfter(m_number);
     const int number = m_number;
     const QVector<ILineListener*> listeners = m_listeners;
     for (ILineListener* listener : listeners) {
@@ -288,6 +288,11 @@ void SerialLine::deliver(const QByteArray& bytes)
             listener->chunkArrived(bytes, number);
         }
     }
+}
+
+int SerialLine::numberAfter(int number)
+{
+    return number == std::numeric_limits<int>::max() ? 1 : number + 1;
 }
 
 void SerialLine::deliverKept()
