@@ -291,7 +291,7 @@ void SerialLine::keepOrDrop(const QByteArray& bytes)
 void SerialLine::handOut(const QByteArray& bytes, const QVector<ILineListener*>& listeners)
 {
     const QPointer<SerialLine> self(this);
-    m_number = m_number == std::numeric_limits<int>::max() ? 1 : m_number + 1;
+    m_number = numberAfter(m_number);
     const int number = m_number;
     for (ILineListener* listener : listeners) {
         if (self.isNull()) {
@@ -302,6 +302,11 @@ void SerialLine::handOut(const QByteArray& bytes, const QVector<ILineListener*>&
             listener->chunkArrived(bytes, number);
         }
     }
+}
+
+int SerialLine::numberAfter(int number)
+{
+    return number == std::numeric_limits<int>::max() ? 1 : number + 1;
 }
 
 void SerialLine::deliverKept()

@@ -55,6 +55,9 @@ public:
     static constexpr int c_lastReopenMs = 5000;
     static constexpr int c_handOverMs = 100;
 
+    /// The number of the chunk after that of number (0: none yet).
+    static int numberAfter(int number);
+
     /// The clock outlives the line.
     SerialLine(std::unique_ptr<ISerialPort> port, Clock& clock, SettingsSource settings, QObject* parent = nullptr);
     ~SerialLine() override;
