@@ -104,6 +104,7 @@ void QtSerialPort::close()
 void QtSerialPort::write(const QByteArray& bytes)
 {
     m_port->write(bytes);
+    m_port->flush(); // what the system takes now leaves now, not after a turn of the event loop
 }
 
 void QtSerialPort::discardOutput()
