@@ -61,10 +61,13 @@ private Q_SLOTS:
     void writesBytesAsTheyAre();
     void hearsBytesAsTheyAre();
     void answersFalseWhenTheOtherEndTakesNothing();
+    void answersOnlyWhenTheLastByteHasLeft();
+    void sendsNothingMoreOfAFrameThatMissedItsLimit();
     void costsNoProcessorTimeAfterAHangUp();
     void comesBackUnderTheSameName();
     void refusesAPortThatThisProgramHasOpen();
     void refusesAPortByItsOtherName();
+    void locksThePortByItsRealName();
     void namesTheProgramThatHoldsThePort();
     void opensAPortWhoseHolderWasKilled();
     void namesAMissingPort();
@@ -156,6 +159,33 @@ void TestDriverTerminal::answersFalseWhenTheOtherEndTakesNothing()
     QCOMPARE(m_line->state(), SerialLine::State::Open);
 }
 
+void TestDriverTerminal::answersOnlyWhenTheLastByteHasLeft()
+{
+    const QByteArray frame(256 * 1024, 'x'); // more than a terminal takes at once
+    QByteArray received;
+    bool left = false;
+    m_line->write(frame, 5000, [&](bool ok, const QString&) { left = ok; });
+    QVERIFY(QTest::qWaitFor([&] {
+        if (!left) {
+            received += m_terminal->received();
+        }
+        return left;
+    }));
+    // From here on the event loop does not run: what comes has left before.
+    received += m_terminal->received();
+    QCOMPARE(received.size(), frame.size());
+}
+
+void TestDriverTerminal::sendsNothingMoreOfAFrameThatMissedItsLimit()
+{
+    QVERIFY(!write(*m_line, QByteArray(1024 * 1024, 'x'), 100));
+    QByteArray received = m_terminal->received();
+    QVERIFY(write(*m_line, "next"));
+    received += m_terminal->received();
+    QVERIFY(received.endsWith("next"));
+    QVERIFY2(received.size() < 512 * 1024, qPrintable(QString::number(received.size())));
+}
+
 void TestDriverTerminal::costsNoProcessorTimeAfterAHangUp()
 {
     Listener listener;
@@ -209,6 +239,14 @@ void TestDriverTerminal::refusesAPortByItsOtherName()
     const auto second = makeLine();
     QVERIFY(!write(*second, "2"));
     QVERIFY2(second->error().contains(link()), qPrintable(second->error()));
+}
+
+void TestDriverTerminal::locksThePortByItsRealName()
+{
+    pointLinkTo(*m_terminal);
+    m_settings.port = link();
+    QVERIFY(write(*m_line, "1"));
+    QVERIFY2(QFile::exists(lockFile()), qPrintable(lockFile()));
 }
 
 namespace {

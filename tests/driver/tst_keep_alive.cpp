@@ -26,6 +26,7 @@ private Q_SLOTS:
     void waitsAnewAfterWhatArrives();
     void waitsAnewAfterAFrame();
     void waitsForTheAnswerToAFrameWhenTheSilenceIsShort();
+    void asksOneQuestionAtATime();
     void doesNotAskWhileAFrameWaits();
     void doesNotAskOnAClosedLine();
     void doesNotOpenTheLine();
@@ -196,6 +197,20 @@ void TestKeepAlive::waitsForTheAnswerToAFrameWhenTheSilenceIsShort()
     QCOMPARE(driver.port->lastWritten(), QByteArray("TR:C\r\n"));
     driver.clock->advance(1);
     QCOMPARE(driver.port->lastWritten(), c_probe);
+}
+
+void TestKeepAlive::asksOneQuestionAtATime()
+{
+    const DriverFixture driver;
+    driver.configure("keepAliveSilenceMs", 100);
+    const Run listener = driver.listen();
+    const Run run = driver.keepAlive(QStringLiteral("DI:C"), QStringLiteral("OK"));
+    driver.clock->advance(100);
+    driver.port->leave();
+    driver.clock->advance(1999);
+    QCOMPARE(driver.port->written.size(), 1);
+    driver.clock->advance(101);
+    QCOMPARE(driver.port->written.size(), 2);
 }
 
 void TestKeepAlive::doesNotAskWhileAFrameWaits()

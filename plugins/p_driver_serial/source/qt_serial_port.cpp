@@ -40,8 +40,7 @@ QString QtSerialPort::open(const LineSettings& settings)
 {
     close();
     m_name = settings.port;
-    // By its real path: each name of one port would otherwise have a lock of its own, and QSerialPort takes a path
-    // outside /dev for a name below it.
+    // By its real path: each name of one port would otherwise have a lock file of its own.
     const QString location = QFileInfo(settings.port).canonicalFilePath();
     if (location.isEmpty()) {
         return port_problem::cannotOpen(m_name, QString());
