@@ -36,7 +36,11 @@ void LineObserver::start(DHost& host, DAbstractPlugin& driver)
 
 void LineObserver::stop()
 {
-    m_listener.reset();
+    if (DOrder* listener = m_listener.release()) {
+        listener->disconnect(this);
+        listener->stop();
+        listener->deleteLater(); // it may be telling us of a line
+    }
 }
 
 void LineObserver::receive(const QByteArray& chunk)
