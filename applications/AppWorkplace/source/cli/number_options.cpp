@@ -26,8 +26,8 @@ int wholeNumberOption(const QCommandLineParser& options, const QString& name, in
     bool isNumber = false;
     const int number = options.value(name).toInt(&isNumber);
     if (!isNumber || number < least || number > c_most) {
-        *problem = refusal(name, QStringLiteral("a whole number from %1 to %2").arg(least).arg(c_most),
-                           options.value(name));
+        *problem =
+            refusal(name, QStringLiteral("a whole number from %1 to %2").arg(least).arg(c_most), options.value(name));
         return 0;
     }
     return number;
@@ -42,8 +42,8 @@ int secondsOption(const QCommandLineParser& options, const QString& name, int le
     const double seconds = options.value(name).toDouble(&isNumber);
     const double leastSeconds = leastMs / c_millisecondsPerSecond;
     if (!isNumber || !std::isfinite(seconds) || seconds < leastSeconds || seconds > c_most) {
-        *problem = refusal(name, QStringLiteral("seconds from %1 to %2").arg(leastSeconds).arg(c_most),
-                           options.value(name));
+        *problem =
+            refusal(name, QStringLiteral("seconds from %1 to %2").arg(leastSeconds).arg(c_most), options.value(name));
         return 0;
     }
     return int(std::lround(seconds * c_millisecondsPerSecond));

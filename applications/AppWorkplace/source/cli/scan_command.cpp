@@ -69,8 +69,8 @@ std::optional<Problem> ScanCommand::check()
 void ScanCommand::begin()
 {
     DAbstractPlugin& device = *m_workplace.instanceOf(*m_root);
-    m_lineEnd = std::make_unique<LineEnd>(
-        LinkedDevice{m_workplace.host(), m_workplace.clock(), device, m_workplace.driver()});
+    m_lineEnd =
+        std::make_unique<LineEnd>(LinkedDevice{m_workplace.host(), m_workplace.clock(), device, m_workplace.driver()});
     connect(m_lineEnd.get(), &LineEnd::sigClosed, this, &ScanCommand::tellEnd);
     connect(&m_workplace.host(), &DHost::sigPropertyChanged, this,
             [this](const DAbstractPlugin* plugin, const QString& name) {
@@ -99,7 +99,10 @@ void ScanCommand::tellEnd()
 {
     m_console.progress({});
     if (!m_lineFailure.isEmpty()) {
-        fail({Problem::Kind::SetUp, QStringLiteral("scan"), QStringLiteral("the line is not usable"), m_lineFailure,
+        fail({Problem::Kind::SetUp,
+              QStringLiteral("scan"),
+              QStringLiteral("the line is not usable"),
+              m_lineFailure,
               {}});
     } else if (m_shown.isEmpty()) {
         fail({Problem::Kind::Device,

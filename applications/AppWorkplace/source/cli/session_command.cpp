@@ -109,20 +109,19 @@ std::optional<Problem> SessionCommand::check()
 
 void SessionCommand::begin()
 {
-    m_session = std::make_unique<Session>(LinkedDevice{m_workplace.host(), m_workplace.clock(),
-                                                       *m_workplace.instanceOf(*m_device), m_workplace.driver()},
-                                          m_order);
+    m_session = std::make_unique<Session>(
+        LinkedDevice{m_workplace.host(), m_workplace.clock(), *m_workplace.instanceOf(*m_device), m_workplace.driver()},
+        m_order);
     Session* session = m_session.get();
     m_report->opened(m_workplace.portInUse(), m_settings.isSimulated());
     connect(session, &Session::sigStepStarted, this, [this](Session::Step step) {
         m_hasListened = step == Session::Step::Listen;
         m_report->stepStarted(step);
     });
-    connect(session, &Session::sigStepDone, this,
-            [this](Session::Step step, qint64 elapsedMs) {
-                m_report->stepDone(step, elapsedMs);
-                interruptWhenUnread();
-            });
+    connect(session, &Session::sigStepDone, this, [this](Session::Step step, qint64 elapsedMs) {
+        m_report->stepDone(step, elapsedMs);
+        interruptWhenUnread();
+    });
     connect(session, &Session::sigWrenchesHeard, this,
             [this](const QVariantList& wrenches) { m_report->wrenchesHeard(wrenches); });
     connect(session, &Session::sigPrograms, this,

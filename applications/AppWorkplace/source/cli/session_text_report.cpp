@@ -88,7 +88,8 @@ void SessionTextReport::wrenchesHeard(const QVariantList& wrenches)
 
 void SessionTextReport::programs(const QVariantList& programs)
 {
-    m_stepText = programs.size() == 1 ? QStringLiteral("1 program") : QStringLiteral("%1 programs").arg(programs.size());
+    m_stepText =
+        programs.size() == 1 ? QStringLiteral("1 program") : QStringLiteral("%1 programs").arg(programs.size());
     TextTable table({{QStringLiteral("program"), true},
                      {QStringLiteral("unit")},
                      {QStringLiteral("target torque"), true},

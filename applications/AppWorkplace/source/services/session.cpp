@@ -195,8 +195,8 @@ void Session::programSelected(const Results& results)
 {
     if (!results.value(c_success).toBool()) {
         failStep(refusalOr(QStringLiteral("the wrench has the programs 1 to %1, and %2 was asked for")
-                           .arg(m_programs.size())
-                           .arg(*m_order.program)));
+                               .arg(m_programs.size())
+                               .arg(*m_order.program)));
         return;
     }
     Q_EMIT sigSelected(*m_order.program, results.value(c_presetData).toMap());

@@ -66,12 +66,11 @@ std::optional<Problem> Workplace::loadPlugins()
     m_plugins.loadFolder(pluginFolder(m_settings));
     for (const Role role : {Role::Driver, Role::Device}) {
         if (rootsOf(role).isEmpty()) {
-            return Problem{
-                Problem::Kind::SetUp, QStringLiteral("open"),
-                role == Role::Driver ? QStringLiteral("there is no driver plugin")
-                                     : QStringLiteral("there is no device plugin"),
-                QStringLiteral("none could be loaded from %1").arg(pluginFolder(m_settings)),
-                QStringLiteral("name the folder of the plugins with --plugins")};
+            return Problem{Problem::Kind::SetUp, QStringLiteral("open"),
+                           role == Role::Driver ? QStringLiteral("there is no driver plugin")
+                                                : QStringLiteral("there is no device plugin"),
+                           QStringLiteral("none could be loaded from %1").arg(pluginFolder(m_settings)),
+                           QStringLiteral("name the folder of the plugins with --plugins")};
         }
     }
     return std::nullopt;
