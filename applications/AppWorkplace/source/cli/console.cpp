@@ -69,11 +69,14 @@ QString Console::visible(const QString& text)
     shown.reserve(text.size());
     for (const QChar character : text) {
         const ushort code = character.unicode();
-        const bool isControl =
-            character.category() == QChar::Other_Control || character.category() == QChar::Other_Format;
-        if (isControl) {
+        switch (character.category()) {
+        case QChar::Other_Control:
+        case QChar::Other_Format:
+        case QChar::Separator_Line:
+        case QChar::Separator_Paragraph:
             shown += QStringLiteral("\\x%1").arg(code, 2, 16, QLatin1Char('0'));
-        } else {
+            break;
+        default:
             shown += character;
         }
     }
