@@ -61,15 +61,19 @@ private Q_SLOTS:
     void writesBytesAsTheyAre();
     void hearsBytesAsTheyAre();
     void answersFalseWhenTheOtherEndTakesNothing();
+    void answersOnlyWhenTheLastByteHasLeft();
+    void sendsNothingMoreOfAFrameThatMissedItsLimit();
     void costsNoProcessorTimeAfterAHangUp();
     void comesBackUnderTheSameName();
     void refusesAPortThatThisProgramHasOpen();
     void refusesAPortByItsOtherName();
+    void locksThePortByItsRealName();
     void namesTheProgramThatHoldsThePort();
     void opensAPortWhoseHolderWasKilled();
     void namesAMissingPort();
     void refusesAFileThatIsNoPort();
     void saysWhatToDoWhenThePortIsNotPermitted();
+    void saysHowToRemoveAStaleLockOfAnotherUser();
     void refusesSettingsThatThePortDoesNotHave();
     void opensAgainForAWriteAfterClosing();
     void mayBeClosedByAListener();
@@ -79,6 +83,8 @@ private:
     std::unique_ptr<SerialLine> makeLine();
     bool write(SerialLine& line, const QByteArray& frame, int limitMs = 2000);
     QString link() const { return m_folder->filePath(QStringLiteral("port")); }
+    QString lockFile() const;
+    bool leaveStaleLock() const;
     void pointLinkTo(const PseudoTerminal& terminal) const;
 
     std::unique_ptr<SystemClock> m_clock;
@@ -153,6 +159,33 @@ void TestDriverTerminal::answersFalseWhenTheOtherEndTakesNothing()
     QCOMPARE(m_line->state(), SerialLine::State::Open);
 }
 
+void TestDriverTerminal::answersOnlyWhenTheLastByteHasLeft()
+{
+    const QByteArray frame(256 * 1024, 'x'); // more than a terminal takes at once
+    QByteArray received;
+    bool left = false;
+    m_line->write(frame, 5000, [&](bool ok, const QString&) { left = ok; });
+    QVERIFY(QTest::qWaitFor([&] {
+        if (!left) {
+            received += m_terminal->received();
+        }
+        return left;
+    }));
+    // From here on the event loop does not run: what comes has left before.
+    received += m_terminal->received();
+    QCOMPARE(received.size(), frame.size());
+}
+
+void TestDriverTerminal::sendsNothingMoreOfAFrameThatMissedItsLimit()
+{
+    QVERIFY(!write(*m_line, QByteArray(1024 * 1024, 'x'), 100));
+    QByteArray received = m_terminal->received();
+    QVERIFY(write(*m_line, "next"));
+    received += m_terminal->received();
+    QVERIFY(received.endsWith("next"));
+    QVERIFY2(received.size() < 512 * 1024, qPrintable(QString::number(received.size())));
+}
+
 void TestDriverTerminal::costsNoProcessorTimeAfterAHangUp()
 {
     Listener listener;
@@ -206,6 +239,14 @@ void TestDriverTerminal::refusesAPortByItsOtherName()
     const auto second = makeLine();
     QVERIFY(!write(*second, "2"));
     QVERIFY2(second->error().contains(link()), qPrintable(second->error()));
+}
+
+void TestDriverTerminal::locksThePortByItsRealName()
+{
+    pointLinkTo(*m_terminal);
+    m_settings.port = link();
+    QVERIFY(write(*m_line, "1"));
+    QVERIFY2(QFile::exists(lockFile()), qPrintable(lockFile()));
 }
 
 namespace {
@@ -266,20 +307,27 @@ void TestDriverTerminal::namesTheProgramThatHoldsThePort()
     QVERIFY2(m_line->error().contains(named), qPrintable(m_line->error()));
 }
 
-void TestDriverTerminal::opensAPortWhoseHolderWasKilled()
+QString TestDriverTerminal::lockFile() const
 {
-    // The lock file of a process that is gone.
-    const QString lock =
-        QStringLiteral("/var/lock/LCK..") + m_terminal->path().mid(5).replace(QLatin1Char('/'), QLatin1Char('_'));
+    return QStringLiteral("/var/lock/LCK..") + m_terminal->path().mid(5).replace(QLatin1Char('/'), QLatin1Char('_'));
+}
+
+/// The lock file of a process that is gone.
+bool TestDriverTerminal::leaveStaleLock() const
+{
     const pid_t gone = ::fork();
     if (gone == 0) {
         ::_exit(0);
     }
     ::waitpid(gone, nullptr, 0);
-    QFile file(lock);
-    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(lock));
-    file.write(QByteArray::number(gone) + "\ntst\n" + QSysInfo::machineHostName().toLocal8Bit() + '\n');
-    file.close();
+    QFile file(lockFile());
+    return file.open(QIODevice::WriteOnly) &&
+           file.write(QByteArray::number(gone) + "\ntst\n" + QSysInfo::machineHostName().toLocal8Bit() + '\n') > 0;
+}
+
+void TestDriverTerminal::opensAPortWhoseHolderWasKilled()
+{
+    QVERIFY(leaveStaleLock());
     QVERIFY2(write(*m_line, "1"), qPrintable(m_line->error()));
 }
 
@@ -300,30 +348,54 @@ void TestDriverTerminal::refusesAFileThatIsNoPort()
     QVERIFY2(m_line->error().contains(QStringLiteral("is no serial port")), qPrintable(m_line->error()));
 }
 
-void TestDriverTerminal::saysWhatToDoWhenThePortIsNotPermitted()
+namespace {
+
+/// What is said of the port to a process without the rights of root, which may open everything.
+QString problemForAnOrdinaryUser(const QString& port)
 {
-    if (::getuid() != 0) {
-        QVERIFY(::chmod(m_terminal->path().toLocal8Bit().constData(), 0) == 0);
-    }
-    // Root may open everything: then a process without its rights tries.
     constexpr uid_t c_nobody = 65534;
     int answer[2] = {};
-    QVERIFY(::pipe(answer) == 0);
+    if (::pipe(answer) != 0) {
+        return {};
+    }
     const pid_t child = ::fork();
     if (child == 0) {
         const bool isOrdinary = ::getuid() != 0 || (::setgid(c_nobody) == 0 && ::setuid(c_nobody) == 0);
-        const QByteArray text =
-            isOrdinary ? port_problem::cannotOpen(m_terminal->path(), QString()).toUtf8() : QByteArray();
+        const QByteArray text = isOrdinary ? port_problem::cannotOpen(port, QString()).toUtf8() : QByteArray();
         const bool isTold = ::write(answer[1], text.constData(), static_cast<size_t>(text.size())) == text.size();
         ::_exit(isTold ? 0 : 1);
     }
     ::close(answer[1]);
     QFile reader;
-    QVERIFY(reader.open(answer[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle));
+    if (!reader.open(answer[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+        return {};
+    }
     const QString told = QString::fromUtf8(reader.readAll());
     ::waitpid(child, nullptr, 0);
-    QVERIFY2(told.contains(QStringLiteral("may not be opened by this user: run \"sudo usermod -aG ")),
-             qPrintable(told));
+    return told;
+}
+
+} // namespace
+
+void TestDriverTerminal::saysWhatToDoWhenThePortIsNotPermitted()
+{
+    QVERIFY(::chmod(m_terminal->path().toLocal8Bit().constData(), 0) == 0);
+    const QString told = problemForAnOrdinaryUser(m_terminal->path());
+    QVERIFY2(
+        told.contains(m_terminal->path() + QStringLiteral(" may not be opened by this user: run \"sudo usermod -aG ")),
+        qPrintable(told));
+}
+
+void TestDriverTerminal::saysHowToRemoveAStaleLockOfAnotherUser()
+{
+    if (::getuid() != 0) {
+        QSKIP("only root can leave a lock behind that this user may not remove");
+    }
+    QVERIFY(::chmod(m_terminal->path().toLocal8Bit().constData(), 0666) == 0);
+    QVERIFY(leaveStaleLock());
+    const QString told = problemForAnOrdinaryUser(m_terminal->path());
+    QFile::remove(lockFile());
+    QVERIFY2(told.contains(QStringLiteral("run \"sudo rm %1\"").arg(lockFile())), qPrintable(told));
 }
 
 void TestDriverTerminal::refusesSettingsThatThePortDoesNotHave()

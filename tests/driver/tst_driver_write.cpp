@@ -1,6 +1,7 @@
 #include <QtTest>
 
 #include "driver_fixture.h"
+#include "serial_line.h"
 
 class TestDriverWrite : public QObject
 {
@@ -21,6 +22,7 @@ private Q_SLOTS:
     void answersFalseAtOnceWhenThePortCannotBeOpened();
     void answersAllQueuedFramesFalseWhenThePortGoesAway();
     void opensAgainForAWriteAfterAFailure();
+    void writesAFrameAskedForInAnswerToAFailure();
     void refusesABadFrame_data();
     void refusesABadFrame();
     void refusesABadTimeout_data();
@@ -181,6 +183,22 @@ void TestDriverWrite::opensAgainForAWriteAfterAFailure()
     driver.port->leave();
     QVERIFY(second.succeeded());
     QCOMPARE(driver.port->openings, 2);
+    QCOMPARE(driver.port->written, QByteArrayList({"1", "2"}));
+}
+
+void TestDriverWrite::writesAFrameAskedForInAnswerToAFailure()
+{
+    const DriverFixture driver;
+    SerialLine* line = driver.plugin->line();
+    QStringList errors;
+    line->write("1", 500, [&](bool, const QString& error) {
+        errors.append(error);
+        line->write("2", 500, [&](bool, const QString& again) { errors.append(again); });
+    });
+    driver.port->fail(QStringLiteral("It went away."));
+    driver.port->leave();
+    QCOMPARE(driver.port->written, QByteArrayList({"1", "2"}));
+    QCOMPARE(errors, QStringList({QStringLiteral("It went away."), QString()}));
 }
 
 void TestDriverWrite::refusesABadFrame_data()

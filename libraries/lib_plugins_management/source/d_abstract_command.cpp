@@ -68,7 +68,6 @@ void DAbstractCommand::linkWithItsOrder(QObject* order)
 {
     d_ptr->orderObject = order;
     d_ptr->linkedOrder = dynamic_cast<IOrder*>(order);
-    d_ptr->madeForARun = d_ptr->madeForARun || d_ptr->linkedOrder != nullptr;
 }
 
 QString DAbstractCommand::commandName() const

@@ -43,6 +43,5 @@ public:
     QHash<quint64, Waiting> delegates;    // by instruction
     QPointer<QObject> orderObject;
     IOrder* linkedOrder = nullptr; // the same object
-    bool madeForARun = false;      // an order was linked at some time: a shared pointer holds the command
     bool running = false;
 };

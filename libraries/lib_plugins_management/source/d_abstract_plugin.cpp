@@ -64,7 +64,7 @@ DAbstractPlugin::~DAbstractPlugin()
     // would be deleted here and there once more.
     const auto commands = findChildren<DAbstractCommand*>(QString(), Qt::FindDirectChildrenOnly);
     for (DAbstractCommand* command : commands) {
-        if (DAbstractCommandPrivate::get(*command)->madeForARun) {
+        if (!d_ptr->prototypes.contains(command)) {
             DAbstractCommandPrivate::get(*command)->abandon();
             command->setParent(nullptr);
         }

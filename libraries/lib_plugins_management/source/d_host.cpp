@@ -14,9 +14,8 @@ DHost::~DHost()
 {
     // While router and registry are still there to hear of it. A device goes before the driver that it uses: it was
     // linked later.
-    QList<DAbstractPlugin*> instances = m_instances.instances();
-    while (!instances.isEmpty()) {
-        delete instances.takeLast();
+    while (!m_instances.instances().isEmpty()) {
+        delete m_instances.instances().constLast(); // leaves the registry as it goes, and may take others with it
     }
 }
 

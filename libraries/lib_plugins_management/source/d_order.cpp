@@ -25,6 +25,7 @@ DOrder::DOrder(DRouter& router, DAbstractPlugin& plugin, QSharedPointer<ICommand
 DOrder::~DOrder()
 {
     end(Outcome::Stopped);
+    drop(Outcome::Stopped); // when it is destroyed while the command is at its end
     if (!m_commandObject.isNull()) {
         disconnect(m_commandObject, nullptr, this, nullptr);
         m_command->linkWithItsOrder(nullptr);
@@ -42,10 +43,9 @@ void DOrder::start(int limitMs)
     m_state = State::Queued;
     m_router->later(*this, [this] { execute(); });
     if (limitMs > 0) {
-        m_limit = m_router->clock().callAfter(limitMs, [this] {
-            m_limit = 0;
-            end(Outcome::TimedOut);
-        });
+        // Through the router: what was produced before the limit is delivered before it.
+        m_limit = m_router->clock().callAfter(limitMs,
+                                              [this] { m_router->later(*this, [this] { end(Outcome::TimedOut); }); });
     }
 }
 
@@ -56,7 +56,7 @@ void DOrder::stop()
 
 QMap<QString, QVariant> DOrder::results() const
 {
-    const DAbstractCommand* running = command();
+    const DAbstractCommand* running = runningCommand();
     return m_state == State::Ended || running == nullptr ? m_finalResults
                                                          : DAbstractCommandPrivate::get(*running)->resultValues;
 }
@@ -97,7 +97,8 @@ void DOrder::execute()
     }
     m_state = State::Running;
     const QPointer<DOrder> self(this);
-    const bool accepted = m_command->commandExecute();
+    const QSharedPointer<ICommand> command = m_command; // whoever destroys the order in here leaves it its command
+    const bool accepted = command->commandExecute();
     if (self.isNull() || m_state != State::Running) {
         return;
     }
@@ -113,14 +114,19 @@ void DOrder::execute()
 
 void DOrder::end(Outcome outcome)
 {
+    if (m_isEnding) {
+        return; // the command is at it
+    }
     if (m_state != State::Running || m_commandObject.isNull()) {
         drop(outcome);
         return;
     }
+    m_isEnding = true;
     m_endsAs = outcome;
     bool ok = outcome == Outcome::Finished || outcome == Outcome::Stopped;
     const QPointer<DOrder> self(this);
-    m_command->finishTheCommand(ok);
+    const QSharedPointer<ICommand> command = m_command;
+    command->finishTheCommand(ok);
     if (!self.isNull()) {
         drop(outcome); // in case the command did not end its run
     }
@@ -132,7 +138,7 @@ void DOrder::drop(Outcome outcome)
         return;
     }
     markEnded(outcome, false);
-    if (DAbstractCommand* dropped = command()) {
+    if (DAbstractCommand* dropped = runningCommand()) {
         DAbstractCommandPrivate::get(*dropped)->abandon();
     }
 }
@@ -149,16 +155,20 @@ void DOrder::markEnded(Outcome outcome, bool ok)
     if (!m_router.isNull()) {
         m_router->clock().cancel(m_limit);
         m_router->closeInstructions(*this);
-        m_router->later(*this, [this] { Q_EMIT sigFinished(); });
+        m_router->later(*this, [this] {
+            m_endIsAnnounced = true;
+            Q_EMIT sigFinished();
+        });
     }
 }
 
-DAbstractCommand* DOrder::command() const
+DAbstractCommand* DOrder::runningCommand() const
 {
     return qobject_cast<DAbstractCommand*>(m_commandObject.data());
 }
 
 bool DOrder::reply(quint64 instructionId, const QMap<QString, QVariant>& values)
 {
-    return m_state == State::Running && !m_commandObject.isNull() && m_command->setReply(instructionId, values);
+    const QSharedPointer<ICommand> command = m_command;
+    return m_state == State::Running && !m_commandObject.isNull() && command->setReply(instructionId, values);
 }

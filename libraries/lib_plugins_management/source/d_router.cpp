@@ -1,6 +1,7 @@
 #include <lib_plugins_management/host/d_router.h>
 
 #include <algorithm>
+#include <exception>
 
 #include <lib_plugins_management/d_abstract_plugin.h>
 #include <lib_plugins_management/host/d_instance_registry.h>
@@ -17,6 +18,25 @@ const QMap<QString, QVariant>& failure()
 {
     static const QMap<QString, QVariant> reply{{QStringLiteral("cmd_success"), false}};
     return reply;
+}
+
+/// Null, with a line in the log, when the plugin fails to make the command.
+QSharedPointer<ICommand> makeRun(const DAbstractCommand& prototype, const QMap<QString, QVariant>& parameters,
+                                 const DAbstractPlugin& plugin)
+{
+    QString cause = QStringLiteral("its createCommand() returns none");
+    try {
+        QSharedPointer<ICommand> run = prototype.createCommand(parameters);
+        if (dynamic_cast<DAbstractCommand*>(run.data()) != nullptr) {
+            return run;
+        }
+    } catch (const std::exception& error) {
+        cause = QString::fromUtf8(error.what());
+    }
+    qCWarning(lcPluginsManagement).noquote()
+        << QStringLiteral("%1 makes no command \"%2\" (%3); ask the plugin's maker for a mended one")
+               .arg(plugin.getDebugIdentification(), prototype.commandName(), cause);
+    return {};
 }
 
 } // namespace
@@ -37,6 +57,10 @@ DRouter::~DRouter()
     const QList<DOrder*> orders = m_orders;
     for (DOrder* order : orders) {
         order->drop(DOrder::Outcome::Gone);
+        order->m_plugin = nullptr;
+        if (!order->m_endIsAnnounced) {
+            QMetaObject::invokeMethod(order, &DOrder::sigFinished, Qt::QueuedConnection);
+        }
     }
     for (const Instruction& instruction : qAsConst(m_instructions)) {
         m_clock.cancel(instruction.limit);
@@ -49,14 +73,11 @@ std::unique_ptr<DOrder> DRouter::createOrder(DAbstractPlugin& plugin, const QStr
     const DAbstractPluginPrivate& table = *DAbstractPluginPrivate::get(plugin);
     QSharedPointer<ICommand> run;
     if (const DAbstractCommand* prototype = table.prototype(command)) {
-        run = prototype->createCommand(parameters);
+        run = makeRun(*prototype, parameters, plugin);
     } else if (table.isStopCommand(command)) {
         run = StopRunsCommand::create(command, *this, plugin);
     }
-    if (dynamic_cast<DAbstractCommand*>(run.data()) == nullptr) {
-        return nullptr; // also when the plugin made none
-    }
-    return std::make_unique<DOrder>(*this, plugin, std::move(run));
+    return run.isNull() ? nullptr : std::make_unique<DOrder>(*this, plugin, std::move(run));
 }
 
 int DRouter::stopRuns(const DAbstractPlugin& plugin, const QString& stopCommand)
@@ -88,9 +109,12 @@ void DRouter::pluginDestroyed(const DAbstractPlugin& plugin)
     const QList<quint64> ids = m_instructions.keys();
     for (const quint64 id : ids) {
         const auto found = m_instructions.find(id);
-        if (found != m_instructions.end() && found->target == &plugin) {
-            found->target = nullptr;
-            m_turns.post([this, id] { targetGone(id); });
+        if (found == m_instructions.end() || found->target != &plugin) {
+            continue;
+        }
+        found->target = nullptr;
+        if (found->run.isNull()) {
+            m_turns.post([this, id] { targetGone(id); }); // otherwise the end of its run tells
         }
     }
 }
@@ -225,9 +249,12 @@ void DRouter::runFinished(quint64 id)
         return; // stopped, or answered by its limit: nobody's
     }
     const DOrder& run = *found->run;
-    const bool refused = run.outcome() == DOrder::Outcome::Refused || run.outcome() == DOrder::Outcome::Gone;
-    if (refused) {
+    if (run.outcome() == DOrder::Outcome::Refused) {
         fail(id);
+        return;
+    }
+    if (run.outcome() == DOrder::Outcome::Gone) {
+        targetGone(id);
         return;
     }
     const QMap<QString, QVariant> results = run.results();

@@ -33,6 +33,44 @@ int cut(QStringView text, std::array<QStringView, FieldCount>& fields)
     return count;
 }
 
+// Results may come in thousands. A copy of a map that has its keys costs a third of putting them in one by one, and
+// most fields are codes of one digit, which need no text of their own.
+
+const QVariantMap& emptyRecord()
+{
+    static const QVariantMap record{
+        {QStringLiteral("angleStatus"), {}},     {QStringLiteral("convertedTorque"), {}},
+        {QStringLiteral("direction"), {}},       {QStringLiteral("eventCountNo"), {}},
+        {QStringLiteral("readingNumber"), {}},   {QStringLiteral("readingStatus"), {}},
+        {QStringLiteral("snugTorqueAngle"), {}}, {QStringLiteral("torqueStatus"), {}},
+    };
+    return record;
+}
+
+const QVariantMap& emptyRecordWithProgram()
+{
+    static const QVariantMap record = [] {
+        QVariantMap withProgram = emptyRecord();
+        withProgram.insert(keys::c_progId, {});
+        return withProgram;
+    }();
+    return record;
+}
+
+/// The field's text; the same one for each field of the same digit.
+QString shared(QStringView field)
+{
+    static const std::array<QString, 10> digits = [] {
+        std::array<QString, 10> texts;
+        for (std::size_t digit = 0; digit < texts.size(); ++digit) {
+            texts[digit] = QString::number(digit);
+        }
+        return texts;
+    }();
+    const std::size_t digit = field.size() == 1 ? std::size_t(field.front().unicode()) - '0' : digits.size();
+    return digit < digits.size() ? digits[digit] : field.toString();
+}
+
 } // namespace
 
 DCmdListen::DCmdListen(const QMap<QString, QVariant>& parameters, QObject* parent)
@@ -73,20 +111,20 @@ void DCmdListen::onLine(const QString& line)
     if (cut(QStringView(line).mid(frames::c_tighteningResult.size()), fields) < c_fieldsNeeded) {
         return;
     }
-    // Results may come in thousands: in the order of their keys, each is put behind the last without a search.
-    QVariantMap record;
-    const auto put = [&record](const QString& key, const QVariant& value) { record.insert(record.cend(), key, value); };
-    put(QStringLiteral("angleStatus"), fields[AngleStatus].toString());
-    put(QStringLiteral("convertedTorque"), fields[Torque].toString());
-    put(QStringLiteral("direction"), fields[Direction].toString());
-    put(QStringLiteral("eventCountNo"), m_receiver.lastNumber());
+    // In the order of their keys, as the map keeps them.
+    QVariantMap record = m_plugin == nullptr ? emptyRecord() : emptyRecordWithProgram();
+    auto entry = record.begin();
+    *entry++ = shared(fields[AngleStatus]);
+    *entry++ = shared(fields[Torque]);
+    *entry++ = shared(fields[Direction]);
+    *entry++ = m_receiver.lastNumber();
     if (m_plugin != nullptr) {
-        put(keys::c_progId, m_plugin->getProperty(properties::c_currentProgId, QVariant()).toInt());
+        *entry++ = m_plugin->getProperty(properties::c_currentProgId, QVariant()).toInt();
     }
-    put(QStringLiteral("readingNumber"), fields[ReadingNumber].toString());
-    put(QStringLiteral("readingStatus"), fields[ReadingStatus].toString());
-    put(QStringLiteral("snugTorqueAngle"), fields[SnugAngle].toString());
-    put(QStringLiteral("torqueStatus"), fields[TorqueStatus].toString());
+    *entry++ = shared(fields[ReadingNumber]);
+    *entry++ = shared(fields[ReadingStatus]);
+    *entry++ = shared(fields[SnugAngle]);
+    *entry++ = shared(fields[TorqueStatus]);
     commandUpdateResults({{c_eventData, record}});
 }
 

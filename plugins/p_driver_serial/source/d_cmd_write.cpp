@@ -50,12 +50,6 @@ bool DCmdWrite::commandExecute()
     return true;
 }
 
-bool DCmdWrite::finishTheCommand(bool& ok)
-{
-    forgetTheFrame();
-    return DLineCommand::finishTheCommand(ok);
-}
-
 void DCmdWrite::forgetTheFrame()
 {
     if (line() != nullptr) {

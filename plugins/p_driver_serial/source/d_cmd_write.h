@@ -14,7 +14,6 @@ public:
     ~DCmdWrite() override;
 
     bool commandExecute() override;
-    bool finishTheCommand(bool& ok) override;
     QSharedPointer<ICommand> createCommand(const QMap<QString, QVariant>& parameters) const override;
 
 private:

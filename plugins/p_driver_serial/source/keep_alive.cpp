@@ -51,7 +51,6 @@ void KeepAlive::restart()
     m_clock.cancel(std::exchange(m_answerTimer, 0));
     m_isAsking = false;
     m_isSwallowing = false;
-    m_isAtLineStart = true;
     if (isSet() && m_silenceMs > 0) {
         quietFor(m_silenceMs);
         m_silenceTimer = m_clock.callAfter(m_silenceMs, [this] { onSilence(); });
@@ -131,7 +130,6 @@ QByteArray KeepAlive::arrived(const QByteArray& chunk)
     }
     quietFor(m_silenceMs);
     if (!m_isAsking && !m_isSwallowing) {
-        m_isAtLineStart = chunk.endsWith('\n');
         return chunk;
     }
     QByteArray passed;

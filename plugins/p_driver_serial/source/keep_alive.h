@@ -71,7 +71,7 @@ private:
     Clock::TimerId m_answerTimer = 0; // running from the question to the end of the answer's line
     bool m_isAsking = false;
     bool m_isSwallowing = false; // inside the answer's line
-    bool m_isAtLineStart = true;
-    int m_heldBack = 0; // bytes of m_response that have arrived at the end of what was seen
-    int m_missing = 0;  // answers, in a row
+    bool m_isAtLineStart = true; // since the question
+    int m_heldBack = 0;          // bytes of m_response that have arrived at the end of what was seen
+    int m_missing = 0;           // answers, in a row
 };

@@ -29,6 +29,9 @@ public:
     static const char* getPluginName();
     static IPlugin::Type getPluginType();
 
+    /// The line of this instance, which owns it.
+    SerialLine* line() const { return m_line.get(); }
+
     void initPluginCommands() override;
     IPlugin* createInstance(const QUuid& uuid) const override;
     const char* pluginSubTypeName() const override;

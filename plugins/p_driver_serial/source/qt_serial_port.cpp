@@ -13,7 +13,7 @@ namespace {
 
 // While a delivery holds the event loop up, more than this stays with the system, which then stops the sender where
 // flow control allows it.
-constexpr qint64 c_readBufferBytes = 1024 * 1024;
+constexpr int c_readBufferBytes = 1024 * 1024;
 
 } // namespace
 
@@ -28,7 +28,7 @@ QtSerialPort::QtSerialPort(QObject* parent) : QObject(parent), m_port(new QSeria
 QtSerialPort::~QtSerialPort()
 {
     m_port->disconnect(this);
-    close();
+    m_port->close();
 }
 
 void QtSerialPort::setObserver(Observer* observer)
@@ -40,8 +40,7 @@ QString QtSerialPort::open(const LineSettings& settings)
 {
     close();
     m_name = settings.port;
-    // By its real path: each name of one port would otherwise have a lock of its own, and QSerialPort takes a path
-    // outside /dev for a name below it.
+    // By its real path: each name of one port would otherwise have a lock file of its own.
     const QString location = QFileInfo(settings.port).canonicalFilePath();
     if (location.isEmpty()) {
         return port_problem::cannotOpen(m_name, QString());
@@ -104,6 +103,7 @@ void QtSerialPort::close()
 void QtSerialPort::write(const QByteArray& bytes)
 {
     m_port->write(bytes);
+    m_port->flush(); // what the system takes now leaves now, not after a turn of the event loop
 }
 
 void QtSerialPort::discardOutput()

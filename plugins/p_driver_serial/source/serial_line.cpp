@@ -79,7 +79,7 @@ void SerialLine::lose(const QString& problem)
 
 void SerialLine::reopenLater()
 {
-    if (m_listeners.isEmpty() || m_reopenTimer != 0) {
+    if (!isHeard() || m_reopenTimer != 0) {
         return;
     }
     m_reopenTimer = m_clock.callAfter(m_reopenMs, [this] { onReopen(); });
@@ -95,7 +95,7 @@ void SerialLine::giveUpReopening()
 void SerialLine::onReopen()
 {
     m_reopenTimer = 0;
-    if (!m_port->isOpen() && !m_listeners.isEmpty()) {
+    if (!m_port->isOpen() && isHeard()) {
         openPort();
     }
 }
@@ -227,14 +227,15 @@ void SerialLine::failQueued()
 
 // ---- Listening
 
-void SerialLine::addListener(ILineListener* listener)
+void SerialLine::addListener(ILineListener* listener, Role role)
 {
-    if (!m_listeners.contains(listener)) {
-        m_listeners.append(listener);
+    QVector<ILineListener*>& group = role == Role::Observer ? m_observers : m_listeners;
+    if (!group.contains(listener)) {
+        group.append(listener);
     }
     if (!isHandOver()) {
         dropKept();
-    } else if (!m_kept.isEmpty() && m_deliverTimer == 0) {
+    } else if (role == Role::Listener && !m_kept.isEmpty() && m_deliverTimer == 0) {
         // Not from inside this call: the listener has not begun yet.
         m_deliverTimer = m_clock.callAfter(0, [this] { deliverKept(); });
     }
@@ -246,7 +247,8 @@ void SerialLine::addListener(ILineListener* listener)
 void SerialLine::removeListener(ILineListener* listener)
 {
     m_listeners.removeOne(listener);
-    if (m_listeners.isEmpty()) {
+    m_observers.removeOne(listener);
+    if (!isHeard()) {
         giveUpReopening();
     }
 }
@@ -263,31 +265,48 @@ void SerialLine::bytesArrived(const QByteArray& bytes)
 
 void SerialLine::deliver(const QByteArray& bytes)
 {
-    if (m_listeners.isEmpty()) {
-        if (isHandOver()) {
-            m_kept.add(bytes);
-        } else {
-            dropKept();
-            m_trace.remark(QStringLiteral("%1 bytes dropped, nobody listens").arg(bytes.size()));
-        }
-        return;
-    }
     const QPointer<SerialLine> self(this);
-    deliverKept();
-    if (self.isNull()) {
+    if (m_listeners.isEmpty()) {
+        keepOrDrop(bytes);
+    } else {
+        deliverKept();
+    }
+    if (!self.isNull() && isHeard()) {
+        handOut(bytes, m_listeners + m_observers);
+    }
+}
+
+void SerialLine::keepOrDrop(const QByteArray& bytes)
+{
+    if (isHandOver()) {
+        m_kept.add(bytes);
         return;
     }
-    m_number = m_number == std::numeric_limits<int>::max() ? 1 : m_number + 1;
+    dropKept();
+    if (m_observers.isEmpty()) {
+        m_trace.remark(QStringLiteral("%1 bytes dropped, nobody listens").arg(bytes.size()));
+    }
+}
+
+void SerialLine::handOut(const QByteArray& bytes, const QVector<ILineListener*>& listeners)
+{
+    const QPointer<SerialLine> self(this);
+    m_number = numberAfter(m_number);
     const int number = m_number;
-    const QVector<ILineListener*> listeners = m_listeners;
     for (ILineListener* listener : listeners) {
         if (self.isNull()) {
             return;
         }
-        if (m_listeners.contains(listener)) { // it may have been taken away by one before it
+        // It may have been taken away by one before it.
+        if (m_listeners.contains(listener) || m_observers.contains(listener)) {
             listener->chunkArrived(bytes, number);
         }
     }
+}
+
+int SerialLine::numberAfter(int number)
+{
+    return number == std::numeric_limits<int>::max() ? 1 : number + 1;
 }
 
 void SerialLine::deliverKept()
@@ -295,7 +314,8 @@ void SerialLine::deliverKept()
     m_clock.cancel(std::exchange(m_deliverTimer, 0));
     const QByteArray kept = m_kept.takeAll();
     if (!kept.isEmpty()) {
-        deliver(kept);
+        const QVector<ILineListener*> listeners = m_listeners; // observers have heard it
+        handOut(kept, listeners);
     }
 }
 

@@ -38,6 +38,8 @@ protected:
 /// frame goes out until 100 ms after it has left is kept for the first listener, up to 1 MiB, and given up for the next
 /// frame. So a caller may write first and listen when the write is answered, and never hears anything older.
 ///
+/// An observer hears each chunk as it arrives and takes nothing away: what is kept is kept as if it were not there.
+///
 /// All on one thread. Listeners and answers may call anything here, and may destroy the line; who hears of changed()
 /// may not.
 class SerialLine : public QObject, private ISerialPort::Observer
@@ -46,11 +48,15 @@ class SerialLine : public QObject, private ISerialPort::Observer
 
 public:
     enum class State { Closed, Open, Lost, NoAnswer };
+    enum class Role { Listener, Observer };
     using SettingsSource = std::function<LineSettingsResult()>; // asked at each opening
 
     static constexpr int c_firstReopenMs = 250;
     static constexpr int c_lastReopenMs = 5000;
     static constexpr int c_handOverMs = 100;
+
+    /// The number of the chunk after that of number (0: none yet).
+    static int numberAfter(int number);
 
     /// The clock outlives the line.
     SerialLine(std::unique_ptr<ISerialPort> port, Clock& clock, SettingsSource settings, QObject* parent = nullptr);
@@ -68,7 +74,7 @@ public:
     void forgetDone(WriteQueue::Id id);
 
     /// From now on the listener gets each chunk. It stays a listener while the port is away.
-    void addListener(ILineListener* listener);
+    void addListener(ILineListener* listener, Role role = Role::Listener);
     /// One that is none is no error.
     void removeListener(ILineListener* listener);
 
@@ -105,7 +111,10 @@ private:
     void failQueued();
 
     void deliver(const QByteArray& bytes);
+    void keepOrDrop(const QByteArray& bytes);
+    void handOut(const QByteArray& bytes, const QVector<ILineListener*>& listeners);
     void deliverKept();
+    bool isHeard() const { return !m_listeners.isEmpty() || !m_observers.isEmpty(); }
     bool isHandOver() const;
     void dropKept();
 
@@ -123,6 +132,7 @@ private:
     bool m_isWriting = false; // the first frame of the queue is with the port
 
     QVector<ILineListener*> m_listeners;
+    QVector<ILineListener*> m_observers;
     UndeliveredInput m_kept;
     qint64 m_handOverUntilUs = -1;
     Clock::TimerId m_deliverTimer = 0;

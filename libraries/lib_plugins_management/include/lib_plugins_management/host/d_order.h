@@ -18,8 +18,8 @@ class DRouter;
 ///     Waiting --start()--> Queued --a later turn--> Running --> Ended
 ///
 /// A run ends by the command itself, by stop(), by its time limit, by the host when the command has published its
-/// results and has nothing left to do, or because the device or the command is gone. The signals come from later turns
-/// of the event loop; whoever hears sigFinished may delete the order.
+/// results and has nothing left to do, or because the device, the command or the host is gone. The signals come from
+/// later turns of the event loop. The order may be destroyed at any time, also by what its command calls.
 class LIB_PLUGINS_MANAGEMENT_EXPORT DOrder : public QObject, public IOrder
 {
     Q_OBJECT
@@ -32,7 +32,7 @@ public:
         Refused,  ///< the command would not start
         Stopped,  ///< by stop() or by its stop command
         TimedOut, ///< its time limit ended it
-        Gone      ///< the device or the command was destroyed
+        Gone      ///< the device, the command or the host was destroyed
     };
     Q_ENUM(State)
     Q_ENUM(Outcome)
@@ -77,7 +77,7 @@ private:
     /// Ends the run without another word to the command.
     void drop(Outcome outcome);
     void markEnded(Outcome outcome, bool ok);
-    DAbstractCommand* command() const;
+    DAbstractCommand* runningCommand() const;
     bool reply(quint64 instructionId, const QMap<QString, QVariant>& values);
 
     QPointer<DRouter> m_router;
@@ -90,6 +90,8 @@ private:
     State m_state = State::Waiting;
     Outcome m_outcome = Outcome::None;
     Outcome m_endsAs = Outcome::Finished;
+    bool m_isEnding = false;
+    bool m_endIsAnnounced = false;
     bool m_endedOk = false;
     bool m_hasPublished = false;
     QMap<QString, QVariant> m_finalResults;

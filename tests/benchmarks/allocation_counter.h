@@ -1,0 +1,6 @@
+#pragma once
+
+#include <cstdint>
+
+/// How often this process has asked for memory since it began.
+std::int64_t allocations();

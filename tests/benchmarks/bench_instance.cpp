@@ -1,0 +1,28 @@
+// What a working instance of the device plugin costs to make, and what it holds in memory.
+
+#include <benchmark/benchmark.h>
+
+#include <malloc.h>
+
+#include "workplace_fixture.h"
+
+namespace {
+
+void makeInstance(benchmark::State& state)
+{
+    WorkplaceFixture workplace(QStringLiteral("/dev/null"));
+    for (auto _ : state) {
+        delete workplace.host.createInstance(*workplace.deviceRoot, QUuid::createUuid());
+    }
+
+    constexpr int c_instances = 200;
+    const std::size_t before = mallinfo2().uordblks;
+    for (int i = 0; i < c_instances; ++i) {
+        workplace.host.createInstance(*workplace.deviceRoot, QUuid::createUuid());
+    }
+    state.counters["bytes"] = double(mallinfo2().uordblks - before) / c_instances;
+}
+
+BENCHMARK(makeInstance)->Name("instance/make_and_delete");
+
+} // namespace
