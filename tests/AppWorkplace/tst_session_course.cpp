@@ -17,7 +17,7 @@ SessionOrder orderFor(int results, int durationMs)
 
 } // namespace
 
-class TestSession : public QObject
+class TestSessionCourse : public QObject
 {
     Q_OBJECT
 
@@ -45,7 +45,7 @@ private Q_SLOTS:
     void endsWithADriverThatCannotHangUp();
 };
 
-void TestSession::runsTheCommandsInOrder()
+void TestSessionCourse::runsTheCommandsInOrder()
 {
     SessionFixture fixture;
     fixture.start();
@@ -64,7 +64,7 @@ void TestSession::runsTheCommandsInOrder()
                            }));
 }
 
-void TestSession::leavesTheSelectionAloneWithoutAProgram()
+void TestSessionCourse::leavesTheSelectionAloneWithoutAProgram()
 {
     SessionOrder order = SessionFixture::defaultOrder();
     order.program.reset();
@@ -74,7 +74,7 @@ void TestSession::leavesTheSelectionAloneWithoutAProgram()
     QCOMPARE(fixture.talk.filter(QStringLiteral("setProgram")), QStringList());
 }
 
-void TestSession::tellsEachStepWithItsTime()
+void TestSessionCourse::tellsEachStepWithItsTime()
 {
     SessionFixture fixture;
     fixture.device->setReaction(
@@ -87,7 +87,7 @@ void TestSession::tellsEachStepWithItsTime()
                                           QStringLiteral("done unlock 0")}));
 }
 
-void TestSession::tellsTheProgramsWithTheirPresets()
+void TestSessionCourse::tellsTheProgramsWithTheirPresets()
 {
     SessionFixture fixture;
     QVariantList programs;
@@ -101,7 +101,7 @@ void TestSession::tellsTheProgramsWithTheirPresets()
     QCOMPARE(programs, expected);
 }
 
-void TestSession::tellsTheSelectedPreset()
+void TestSessionCourse::tellsTheSelectedPreset()
 {
     SessionFixture fixture;
     int selected = 0;
@@ -115,7 +115,7 @@ void TestSession::tellsTheSelectedPreset()
     QCOMPARE(preset, (QVariantMap{{QStringLiteral("unit"), QStringLiteral("N.m")}}));
 }
 
-void TestSession::tellsWhatTheScanHears()
+void TestSessionCourse::tellsWhatTheScanHears()
 {
     SessionFixture fixture;
     fixture.react(QStringLiteral("searchAndConnect"), Reaction::Kind::Silence);
@@ -130,7 +130,7 @@ void TestSession::tellsWhatTheScanHears()
     QCOMPARE(heard.last().first().toMap().value(QStringLiteral("sn")).toString(), QStringLiteral("2210"));
 }
 
-void TestSession::getsReadyWithoutListening()
+void TestSessionCourse::getsReadyWithoutListening()
 {
     SessionOrder order = SessionFixture::defaultOrder();
     order.listens = false;
@@ -143,7 +143,7 @@ void TestSession::getsReadyWithoutListening()
     QCOMPARE(fixture.talk.mid(fixture.talk.size() - 2), c_orderlyEnd);
 }
 
-void TestSession::endsAfterTheCount()
+void TestSessionCourse::endsAfterTheCount()
 {
     SessionFixture fixture(orderFor(2, 0));
     fixture.start();
@@ -154,7 +154,7 @@ void TestSession::endsAfterTheCount()
     QCOMPARE(fixture.summary.end, SessionSummary::End::Count);
 }
 
-void TestSession::endsAfterTheDuration()
+void TestSessionCourse::endsAfterTheDuration()
 {
     SessionFixture fixture(orderFor(0, 3000));
     fixture.start();
@@ -163,7 +163,7 @@ void TestSession::endsAfterTheDuration()
     QCOMPARE(fixture.summary.end, SessionSummary::End::Duration);
 }
 
-void TestSession::listensOnBeforeTheDuration()
+void TestSessionCourse::listensOnBeforeTheDuration()
 {
     SessionFixture fixture(orderFor(0, 3000));
     fixture.start();
@@ -171,7 +171,7 @@ void TestSession::listensOnBeforeTheDuration()
     QCOMPARE(fixture.ends, 0);
 }
 
-void TestSession::showsNoResultAfterTheEnd()
+void TestSessionCourse::showsNoResultAfterTheEnd()
 {
     SessionFixture fixture(orderFor(1, 0));
     fixture.start();
@@ -186,7 +186,7 @@ void TestSession::showsNoResultAfterTheEnd()
     QCOMPARE(fixture.summary.good + fixture.summary.notGood, 1);
 }
 
-void TestSession::countsGoodAndNotGood()
+void TestSessionCourse::countsGoodAndNotGood()
 {
     SessionFixture fixture(orderFor(3, 0));
     fixture.start();
@@ -197,7 +197,7 @@ void TestSession::countsGoodAndNotGood()
     QCOMPARE(fixture.summary.notGood, 1);
 }
 
-void TestSession::tellsTheProgramOfTheListening()
+void TestSessionCourse::tellsTheProgramOfTheListening()
 {
     SessionFixture fixture;
     fixture.start();
@@ -207,7 +207,7 @@ void TestSession::tellsTheProgramOfTheListening()
     QCOMPARE(fixture.summary.program, 2);
 }
 
-void TestSession::tellsNoProgramThatWasRefused()
+void TestSessionCourse::tellsNoProgramThatWasRefused()
 {
     SessionFixture fixture;
     fixture.answer("setProgram", {{QStringLiteral("cmd_success"), false}});
@@ -216,7 +216,7 @@ void TestSession::tellsNoProgramThatWasRefused()
     QCOMPARE(fixture.summary.program, 0);
 }
 
-void TestSession::tellsHowLongItTook()
+void TestSessionCourse::tellsHowLongItTook()
 {
     SessionFixture fixture;
     fixture.start();
@@ -226,7 +226,7 @@ void TestSession::tellsHowLongItTook()
     QCOMPARE(fixture.summary.elapsedMs, 1500);
 }
 
-void TestSession::goesOnListeningWhenTheLineIsLost()
+void TestSessionCourse::goesOnListeningWhenTheLineIsLost()
 {
     SessionFixture fixture;
     fixture.start();
@@ -240,7 +240,7 @@ void TestSession::goesOnListeningWhenTheLineIsLost()
                           QStringLiteral("link up open"), QStringLiteral("result 1")}));
 }
 
-void TestSession::tellsNothingOfALineThatIsClosedOnPurpose()
+void TestSessionCourse::tellsNothingOfALineThatIsClosedOnPurpose()
 {
     SessionFixture fixture;
     fixture.react(QStringLiteral("searchAndConnect"), Reaction::Kind::Silence);
@@ -252,7 +252,7 @@ void TestSession::tellsNothingOfALineThatIsClosedOnPurpose()
     QCOMPARE(fixture.problems, 0);
 }
 
-void TestSession::endsOrderlyWhileListening()
+void TestSessionCourse::endsOrderlyWhileListening()
 {
     SessionFixture fixture;
     fixture.start();
@@ -264,7 +264,7 @@ void TestSession::endsOrderlyWhileListening()
               c_orderlyEnd));
 }
 
-void TestSession::endsOnce()
+void TestSessionCourse::endsOnce()
 {
     SessionFixture fixture;
     fixture.start();
@@ -277,7 +277,7 @@ void TestSession::endsOnce()
     QCOMPARE(fixture.talk.filter(QStringLiteral("closeConnection")).size(), 1);
 }
 
-void TestSession::endsThoughTheDriverIsSilent()
+void TestSessionCourse::endsThoughTheDriverIsSilent()
 {
     SessionFixture fixture;
     fixture.driver->setReaction(QStringLiteral("write"), {});
@@ -291,7 +291,7 @@ void TestSession::endsThoughTheDriverIsSilent()
     QCOMPARE(fixture.ends, 1);
 }
 
-void TestSession::endsWithADriverThatCannotHangUp()
+void TestSessionCourse::endsWithADriverThatCannotHangUp()
 {
     SessionFixture fixture;
     QStringList talk;
@@ -309,5 +309,5 @@ void TestSession::endsWithADriverThatCannotHangUp()
     QCOMPARE(ends, 1);
 }
 
-QTEST_GUILESS_MAIN(TestSession)
-#include "tst_session.moc"
+QTEST_GUILESS_MAIN(TestSessionCourse)
+#include "tst_session_course.moc"
