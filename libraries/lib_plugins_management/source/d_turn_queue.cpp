@@ -40,6 +40,9 @@ bool DTurnQueue::event(QEvent* event)
         // Taken out first: the action may post others, run a loop of its own, or destroy the queue.
         const Action action = std::move(m_actions.front());
         m_actions.pop_front();
+        if (!m_actions.empty()) {
+            wakeUp(); // an event loop inside the action goes on with the rest
+        }
         action();
         if (self.isNull()) {
             return true;

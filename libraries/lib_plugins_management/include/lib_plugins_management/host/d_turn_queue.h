@@ -11,7 +11,8 @@
 /// delivers goes through one such queue, so nothing is ever called back from inside a call.
 ///
 /// What is posted while a turn runs waits for the next one, and a turn that has lasted 8 ms gives way to the rest of
-/// the event loop: half a frame of a 60 Hz display. An action may destroy the queue; what is left is then forgotten.
+/// the event loop: half a frame of a 60 Hz display. An event loop inside an action goes on with the rest of the turn.
+/// An action may destroy the queue; what is left is then forgotten.
 class LIB_PLUGINS_MANAGEMENT_EXPORT DTurnQueue : public QObject
 {
     Q_OBJECT
