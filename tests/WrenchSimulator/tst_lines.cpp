@@ -15,6 +15,7 @@ private Q_SLOTS:
     void longerLineIsDroppedUpToItsEnd();
     void chunksLeaveInOrder();
     void nothingIsOvertakenByASmallerDelay();
+    void gluedLinesDoNotWaitForTheOnesTooLate();
     void unreadOutputIsBounded();
 };
 
@@ -90,6 +91,19 @@ void TestLines::nothingIsOvertakenByASmallerDelay()
         all += *queue.takeChunk(*dueUs);
     }
     QCOMPARE(all, QByteArray("A\r\nBBBB\r\nC\r\n"));
+}
+
+void TestLines::gluedLinesDoNotWaitForTheOnesTooLate()
+{
+    OutputQueue queue([](const QString&) {});
+    ChunkShape glued;
+    glued.gluedLines = 2;
+    glued.glueWaitUs = 100;
+    queue.post("A", glued, 0);
+    queue.post("B", glued, 500);
+    QVERIFY(queue.takeChunk(500) == QByteArray("A\r\n"));
+    QVERIFY(!queue.takeChunk(599));
+    QVERIFY(queue.takeChunk(600) == QByteArray("B\r\n"));
 }
 
 void TestLines::unreadOutputIsBounded()

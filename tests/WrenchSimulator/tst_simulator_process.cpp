@@ -32,6 +32,14 @@ long processorTicks(qint64 pid)
     return fields.at(13).toLong() + fields.at(14).toLong();
 }
 
+/// Whether a process uses next to no processor time for half a second.
+bool isAtRest(qint64 pid)
+{
+    const long before = processorTicks(pid);
+    QTest::qWait(500); // what is measured, not a wait for something
+    return processorTicks(pid) - before <= 2;
+}
+
 bool isExclusive(const OpenTerminal& terminal)
 {
     int flag = -1;
@@ -53,10 +61,13 @@ private Q_SLOTS:
     void typicalRunOverTheTerminal();
     void linkPointsToTheTerminalUntilTheEnd();
     void staleLinkIsReplaced();
+    void linkOfSomebodyElseIsLeftAlone();
     void unplugHangsUpAndReplugComesBack();
     void unplugFaultComesBackByItself();
     void closedTerminalCostsNothingAndKeepsNothing();
     void unreadResultsAreNotLeftToTheNextOne();
+    void whatIsStillToComeIsNotLeftToTheNextOne();
+    void stalledReaderCostsNothing();
     void exclusiveUseEndsWithItsOwner();
     void exclusiveUseOutlivesAnotherUser();
     void terminalIsRawFromTheBeginning();
@@ -122,6 +133,19 @@ void TestSimulatorProcess::staleLinkIsReplaced()
     QCOMPARE(QFile::symLinkTarget(link), simulator.path());
 }
 
+void TestSimulatorProcess::linkOfSomebodyElseIsLeftAlone()
+{
+    const QTemporaryDir folder;
+    const QString link = folder.filePath(QStringLiteral("port"));
+    SimulatorProcess first;
+    QVERIFY(first.start({QStringLiteral("--link"), link}));
+    SimulatorProcess second;
+    QVERIFY(second.start({QStringLiteral("--link"), link}));
+    first.process().terminate();
+    QVERIFY(first.process().waitForFinished());
+    QCOMPARE(QFile::symLinkTarget(link), second.path());
+}
+
 void TestSimulatorProcess::unplugHangsUpAndReplugComesBack()
 {
     const QTemporaryDir folder;
@@ -172,11 +196,7 @@ void TestSimulatorProcess::closedTerminalCostsNothingAndKeepsNothing()
         terminal.send("DT:1"); // sent, and closed at once: it must still arrive
     }
     QTRY_VERIFY(simulator.command("wrenches").contains(QStringLiteral(", locked,")));
-    const long before = processorTicks(simulator.process().processId());
-    QElapsedTimer passed;
-    passed.start();
-    QTRY_VERIFY(passed.hasExpired(500)); // the time that is measured
-    QVERIFY(processorTicks(simulator.process().processId()) - before <= 2);
+    QVERIFY(isAtRest(simulator.process().processId()));
 
     OpenTerminal next(simulator.path());
     next.send("DI:C");
@@ -202,6 +222,40 @@ void TestSimulatorProcess::unreadResultsAreNotLeftToTheNextOne()
     OpenTerminal next(simulator.path());
     next.send("DI:C");
     QCOMPARE(next.receive(6), QByteArray("OK:0\r\n"));
+}
+
+void TestSimulatorProcess::whatIsStillToComeIsNotLeftToTheNextOne()
+{
+    SimulatorProcess simulator;
+    QVERIFY(simulator.start(quickly()));
+    {
+        OpenTerminal terminal(simulator.path());
+        terminal.send("ATD 020000000001");
+        QCOMPARE(terminal.receive(24), QByteArray("ATD 020000000001\r\nDATA\r\n"));
+        terminal.send("RE:1");
+        QCOMPARE(terminal.receive(6), QByteArray("OK:1\r\n"));
+        QVERIFY(simulator.command("fault split:1,2").startsWith(QStringLiteral("ok")));
+        QVERIFY(simulator.command("tighten 100").startsWith(QStringLiteral("ok"))); // takes five seconds so
+        QVERIFY(terminal.receive(3).startsWith("RE:"));
+    }
+    QVERIFY(simulator.command("wrenches").startsWith(QStringLiteral("ok")));
+    QVERIFY(simulator.command("fault none").startsWith(QStringLiteral("ok")));
+    OpenTerminal next(simulator.path());
+    next.send("DI:C");
+    QCOMPARE(next.receive(6), QByteArray("OK:0\r\n"));
+}
+
+void TestSimulatorProcess::stalledReaderCostsNothing()
+{
+    SimulatorProcess simulator;
+    QVERIFY(simulator.start(quickly()));
+    OpenTerminal terminal(simulator.path());
+    terminal.send("ATD 020000000001");
+    QCOMPARE(terminal.receive(24), QByteArray("ATD 020000000001\r\nDATA\r\n"));
+    terminal.send("RE:1");
+    QCOMPARE(terminal.receive(6), QByteArray("OK:1\r\n"));
+    QVERIFY(simulator.command("tighten 9000").startsWith(QStringLiteral("ok")));
+    QVERIFY(isAtRest(simulator.process().processId()));
 }
 
 void TestSimulatorProcess::exclusiveUseEndsWithItsOwner()
@@ -286,8 +340,8 @@ void TestSimulatorProcess::servesASerialDevice()
     QCOMPARE(::read(master, answer, 5), ssize_t(5));
     QCOMPARE(QByteArray(answer), QByteArray("ATH\r\n"));
     ::close(master);
-    // Gone, and no reason to end or to spin.
-    QTRY_VERIFY(simulator.command("unplug").startsWith(QStringLiteral("error the line is unplugged already")));
+    // Gone, and noticed: it is no longer "plugged in".
+    QTRY_VERIFY(simulator.command("replug").contains(QStringLiteral("cannot open")));
 }
 
 void TestSimulatorProcess::endsWithItsParent()
