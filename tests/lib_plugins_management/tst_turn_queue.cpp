@@ -20,6 +20,7 @@ private Q_SLOTS:
     void orderHoldsInALoopInsideAnAction();
     void queueMayBeDestroyedByAnAction();
     void queueDestroyedForgetsWhatIsLeft();
+    void actionOfAReceiverThatHasGoneIsForgotten();
 };
 
 namespace {
@@ -145,6 +146,20 @@ void TstTurnQueue::queueDestroyedForgetsWhatIsLeft()
     turn();
     QCOMPARE(*token, 0);
     QCOMPARE(token.use_count(), 1L);
+}
+
+void TstTurnQueue::actionOfAReceiverThatHasGoneIsForgotten()
+{
+    DTurnQueue queue;
+    QObject stays;
+    auto goes = std::make_unique<QObject>();
+    QString order;
+    queue.post(stays, [&] { order += QLatin1Char('a'); });
+    queue.post(*goes, [&] { order += QLatin1Char('b'); });
+    queue.post(stays, [&] { order += QLatin1Char('c'); });
+    goes.reset();
+    turn();
+    QCOMPARE(order, QStringLiteral("ac"));
 }
 
 QTEST_GUILESS_MAIN(TstTurnQueue)

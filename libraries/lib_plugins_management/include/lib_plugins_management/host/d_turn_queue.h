@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 
 #include <deque>
 #include <functional>
@@ -23,13 +24,23 @@ public:
     explicit DTurnQueue(QObject* parent = nullptr);
 
     void post(Action action);
+    /// Forgotten when the receiver is gone by then.
+    void post(QObject& receiver, Action action);
 
 protected:
     bool event(QEvent* event) override;
 
 private:
+    struct Entry
+    {
+        Action action;
+        bool hasReceiver;
+        QPointer<QObject> receiver;
+    };
+
+    void append(Entry entry);
     void wakeUp();
 
-    std::deque<Action> m_actions;
+    std::deque<Entry> m_entries;
     bool m_isWoken = false;
 };
