@@ -65,6 +65,6 @@ void DHost::configurationChanged(DAbstractPlugin& plugin)
 void DHost::pluginDestroyed(DAbstractPlugin& plugin)
 {
     m_router.pluginDestroyed(plugin);
+    m_instances.remove(plugin); // before anybody hears of it and looks there
     m_treatments.pluginDestroyed(plugin);
-    m_instances.remove(plugin);
 }
