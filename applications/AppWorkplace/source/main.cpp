@@ -49,7 +49,7 @@ int main(int argc, char* argv[])
             invocation.entry->make({console, invocation.settings, invocation.arguments, *invocation.options}, &problem);
     }
     if (!problem.what.isEmpty()) {
-        console.message(QStringLiteral("app_workplace: %1").arg(problem.message()));
+        tellProblem(console, problem);
         return problem.exitStatus();
     }
 

@@ -115,7 +115,7 @@ void SerialLine::setState(State state, const QString& error)
     }
     m_state = state;
     if (error != m_error && !error.isEmpty()) {
-        qCWarning(lcDriverSerial).noquote() << error;
+        qCWarning(lcDriverSerialLine).noquote() << error;
     }
     m_error = error;
     Q_EMIT changed();

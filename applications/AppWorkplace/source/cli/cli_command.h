@@ -4,9 +4,9 @@
 #include <QObject>
 #include <QStringList>
 
-#include "../services/problem.h"
 #include "../services/settings.h"
 #include "console.h"
+#include "problem_report.h"
 
 /// What a command of the program is given.
 struct CliContext
@@ -33,18 +33,7 @@ Q_SIGNALS:
     void sigDone(int exitStatus);
 
 protected:
-    /// Tells of the problem, for people and, where asked, for programs.
-    void tell(const Problem& problem)
-    {
-        m_console.message(QStringLiteral("%1: %2").arg(problem.step, problem.message()));
-        if (m_console.isJson()) {
-            m_console.object({{QStringLiteral("event"), QStringLiteral("error")},
-                              {QStringLiteral("step"), problem.step},
-                              {QStringLiteral("message"), problem.what},
-                              {QStringLiteral("reason"), problem.cause},
-                              {QStringLiteral("mend"), problem.mend}});
-        }
-    }
+    void tell(const Problem& problem) { tellProblem(m_console, problem); }
 
     Console& m_console;
     const Settings m_settings;

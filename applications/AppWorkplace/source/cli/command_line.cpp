@@ -1,7 +1,6 @@
 #include "command_line.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "../services/configuration_file.h"
 
@@ -92,6 +91,20 @@ Problem usage(const QString& what, const CliEntry* entry)
         Problem::Kind::Usage, QStringLiteral("command line"), what, {}, QStringLiteral("see %1 --help").arg(command)};
 }
 
+QString parsingError(const QCommandLineParser& parser)
+{
+    const QStringList unknown = parser.unknownOptionNames();
+    if (!unknown.isEmpty()) {
+        return QStringLiteral("there is no option \"--%1\"").arg(unknown.first());
+    }
+    QString error = parser.errorText();
+    error.replace(0, 1, error.at(0).toLower());
+    if (error.endsWith(QLatin1Char('.'))) {
+        error.chop(1);
+    }
+    return error;
+}
+
 void takeOption(const QCommandLineParser& options, const QString& name, QString* setting)
 {
     if (options.isSet(name)) {
@@ -107,13 +120,14 @@ Invocation readCommandLine(const QStringList& arguments, const QList<CliEntry>& 
     // First with the options of all commands, to tell an option's value from the command's name.
     const std::shared_ptr<QCommandLineParser> any = makeParser(entries);
     any->parse(arguments);
+    invocation.isJson = any->isSet(QStringLiteral("json"));
     const QStringList words = any->positionalArguments();
     if (words.isEmpty()) {
         if (any->isSet(c_helpOption)) {
             invocation.help = programHelp(entries);
         } else {
-            const bool isUnknown = !any->unknownOptionNames().isEmpty();
-            invocation.problem = usage(isUnknown ? any->errorText() : QStringLiteral("no command is given"), nullptr);
+            const bool isWrong = !any->errorText().isEmpty();
+            invocation.problem = usage(isWrong ? parsingError(*any) : QStringLiteral("no command is given"), nullptr);
         }
         return invocation;
     }
@@ -125,7 +139,7 @@ Invocation readCommandLine(const QStringList& arguments, const QList<CliEntry>& 
     }
     invocation.options = makeParser({*entry});
     if (!invocation.options->parse(arguments)) {
-        invocation.problem = usage(invocation.options->errorText(), &*entry);
+        invocation.problem = usage(parsingError(*invocation.options), &*entry);
         return invocation;
     }
     if (invocation.options->isSet(c_helpOption)) {
@@ -134,7 +148,6 @@ Invocation readCommandLine(const QStringList& arguments, const QList<CliEntry>& 
     }
 
     const QCommandLineParser& options = *invocation.options;
-    invocation.isJson = options.isSet(QStringLiteral("json"));
     if (options.isSet(QStringLiteral("config"))) {
         if (const auto problem = readConfigurationFile(options.value(QStringLiteral("config")), invocation.settings)) {
             invocation.problem = *problem;
@@ -149,25 +162,4 @@ Invocation readCommandLine(const QStringList& arguments, const QList<CliEntry>& 
     invocation.arguments = words.mid(1);
     invocation.entry = &*entry;
     return invocation;
-}
-
-double numberOption(const QCommandLineParser& options, const QString& name, double least, Problem* problem)
-{
-    if (!options.isSet(name)) {
-        return 0;
-    }
-    bool fits = false;
-    const double number = options.value(name).toDouble(&fits);
-    constexpr double c_most = 1e6;
-    if (!fits || !std::isfinite(number) || number < least || number > c_most) {
-        *problem = {Problem::Kind::Usage,
-                    QStringLiteral("command line"),
-                    QStringLiteral("--%1 takes a number of at least %2, not \"%3\"")
-                        .arg(name)
-                        .arg(least)
-                        .arg(options.value(name)),
-                    {},
-                    {}};
-    }
-    return number;
 }

@@ -34,6 +34,3 @@ struct Invocation
 
 /// Reads the arguments, the program's own name first. Options may stand before or behind the command.
 Invocation readCommandLine(const QStringList& arguments, const QList<CliEntry>& entries);
-
-/// The value of an option that takes a number of at least `least`. Problem::what says what is wrong.
-double numberOption(const QCommandLineParser& options, const QString& name, double least, Problem* problem);

@@ -28,6 +28,12 @@ QString text(const QJsonObject& object, const char* key)
     return object.value(QLatin1String(key)).toString();
 }
 
+QString shownDefault(const QJsonValue& value)
+{
+    const QString shown = shownValue(value.toVariant());
+    return value.isString() ? QStringLiteral("\"%1\"").arg(shown) : shown; // or an empty text could not be seen
+}
+
 void tellDeclarations(Console& console, const QString& title, const QJsonArray& declarations)
 {
     if (declarations.isEmpty()) {
@@ -42,9 +48,7 @@ void tellDeclarations(Console& console, const QString& title, const QJsonArray& 
     for (const QJsonValue& value : declarations) {
         const QJsonObject declaration = value.toObject();
         const QString shown = declaration.contains(QLatin1String("default"))
-                                  ? QLatin1Char('"') +
-                                        shownValue(declaration.value(QLatin1String("default")).toVariant()) +
-                                        QLatin1Char('"')
+                                  ? shownDefault(declaration.value(QLatin1String("default")))
                                   : QStringLiteral("-");
         table.addRow({text(declaration, "name"), text(declaration, "type"), shown, text(declaration, "description")});
     }

@@ -7,6 +7,7 @@
 
 namespace {
 constexpr char c_escape = '\x1b';
+const QByteArray c_clearLine = QByteArrayLiteral("\r\x1b[K");
 const QString c_strong = QStringLiteral("\x1b[1m");
 const QString c_alarming = QStringLiteral("\x1b[31m");
 const QString c_plain = QStringLiteral("\x1b[0m");
@@ -27,9 +28,8 @@ void Console::line(const QString& text)
 
 void Console::object(QJsonObject object)
 {
-    object.insert(QStringLiteral("time"), QDateTime::currentDateTime()
-                                              .toOffsetFromUtc(QDateTime::currentDateTime().offsetFromUtc())
-                                              .toString(Qt::ISODateWithMs));
+    const QDateTime now = QDateTime::currentDateTime();
+    object.insert(QStringLiteral("time"), now.toOffsetFromUtc(now.offsetFromUtc()).toString(Qt::ISODateWithMs));
     write(m_results, QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n');
 }
 
@@ -42,6 +42,14 @@ void Console::takeBack(int lines)
 {
     if (m_isTerminal && lines > 0) {
         write(m_results, QByteArray(1, c_escape) + '[' + QByteArray::number(lines) + 'A' + c_escape + "[J");
+    }
+}
+
+void Console::progress(const QString& text)
+{
+    if (m_isTerminal && !m_isJson && !(text.isEmpty() && m_progress.isEmpty())) {
+        m_progress = visible(text).toUtf8();
+        put(m_results, c_clearLine + m_progress);
     }
 }
 
@@ -61,18 +69,33 @@ QString Console::visible(const QString& text)
     shown.reserve(text.size());
     for (const QChar character : text) {
         const ushort code = character.unicode();
-        const bool isControl =
-            character.category() == QChar::Other_Control || character.category() == QChar::Other_Format;
-        if (isControl) {
+        switch (character.category()) {
+        case QChar::Other_Control:
+        case QChar::Other_Format:
+        case QChar::Separator_Line:
+        case QChar::Separator_Paragraph:
             shown += QStringLiteral("\\x%1").arg(code, 2, 16, QLatin1Char('0'));
-        } else {
+            break;
+        default:
             shown += character;
         }
     }
     return shown;
 }
 
+// Results and messages are often on one terminal, and the line of progress stays the last there.
 void Console::write(std::FILE* stream, const QByteArray& bytes)
+{
+    if (m_progress.isEmpty()) {
+        put(stream, bytes);
+        return;
+    }
+    put(m_results, c_clearLine);
+    put(stream, bytes);
+    put(m_results, m_progress);
+}
+
+void Console::put(std::FILE* stream, const QByteArray& bytes)
 {
     const auto size = std::size_t(bytes.size());
     const bool isWritten = std::fwrite(bytes.constData(), 1, size, stream) == size && std::fflush(stream) == 0;

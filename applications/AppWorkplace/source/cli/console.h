@@ -25,6 +25,8 @@ public:
     void message(const QString& text);
     /// Takes back that many lines of results; only on a terminal.
     void takeBack(int lines);
+    /// What is being done, below the results until it changes or is done (empty); only on a terminal.
+    void progress(const QString& text);
 
     /// The texts, in bold or in a warning colour on a terminal.
     QString strong(const QString& text) const;
@@ -37,6 +39,7 @@ public:
 
 private:
     void write(std::FILE* stream, const QByteArray& bytes);
+    void put(std::FILE* stream, const QByteArray& bytes);
 
     std::FILE* m_results;
     std::FILE* m_messages;
@@ -44,4 +47,5 @@ private:
     bool m_isTerminal;
     bool m_isColoured;
     bool m_isOpen = true;
+    QByteArray m_progress;
 };

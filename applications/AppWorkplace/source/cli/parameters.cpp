@@ -3,7 +3,10 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <cctype>
 #include <optional>
+
+#include "console.h"
 
 namespace {
 
@@ -22,6 +25,11 @@ std::optional<QVariant> readBool(const QString& text)
     return no.contains(text) ? std::optional<QVariant>(QVariant(false)) : std::nullopt;
 }
 
+bool isHexDigit(const QString& text, int position)
+{
+    return position < text.size() && std::isxdigit(text.at(position).toLatin1()) != 0;
+}
+
 std::optional<QVariant> readText(const QString& text)
 {
     QString value;
@@ -31,7 +39,6 @@ std::optional<QVariant> readText(const QString& text)
             continue;
         }
         const QChar escaped = ++i < text.size() ? text.at(i) : QChar();
-        bool isHex = false;
         switch (escaped.unicode()) {
         case 'r':
             value += QLatin1Char('\r');
@@ -46,10 +53,10 @@ std::optional<QVariant> readText(const QString& text)
             value += QLatin1Char('\\');
             break;
         case 'x':
-            value += QChar(text.mid(i + 1, 2).toUShort(&isHex, 16));
-            if (!isHex || i + 2 >= text.size()) {
+            if (!isHexDigit(text, i + 1) || !isHexDigit(text, i + 2)) {
                 return std::nullopt;
             }
+            value += QChar(text.mid(i + 1, 2).toUShort(nullptr, 16));
             i += 2;
             break;
         default:
@@ -158,4 +165,17 @@ QString shownValue(const QVariant& value)
     default:
         return value.toString();
     }
+}
+
+QStringList shownResult(const QString& name, const QVariant& value)
+{
+    if (int(value.type()) != QMetaType::QVariantList || value.toList().isEmpty()) {
+        return {QStringLiteral("%1: %2").arg(name, Console::visible(shownValue(value)))};
+    }
+    QStringList lines{QStringLiteral("%1:").arg(name)};
+    const QVariantList entries = value.toList();
+    for (const QVariant& entry : entries) {
+        lines.append(QStringLiteral("  ") + Console::visible(shownValue(entry)));
+    }
+    return lines;
 }

@@ -18,5 +18,8 @@ struct ParameterReading
 };
 ParameterReading readParameters(const QJsonObject& description, const QStringList& texts);
 
-/// A value as people read it.
+/// A value as people read it, on one line.
 QString shownValue(const QVariant& value);
+
+/// A result as people read it: "name: value", and a list with each of its entries on a line of its own.
+QStringList shownResult(const QString& name, const QVariant& value);

@@ -2,14 +2,16 @@
 
 #include <lib_plugins_management/d_abstract_plugin.h>
 
+#include "number_options.h"
 #include "parameters.h"
 
 namespace {
 
-constexpr double c_millisecondsPerSecond = 1000;
 constexpr int c_defaultLimitMs = 30000; // for a command that has no stop command
 const QString c_driver = QStringLiteral("driver");
 const QString c_serialId = QStringLiteral("serialId");
+const QString c_connectOption = QStringLiteral("connect");
+const QString c_listenCommand = QStringLiteral("listenEventsData"); // of a plugin for wrenches
 
 Problem wrongUse(const QString& what, const QString& mend)
 {
@@ -23,8 +25,13 @@ std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
                             QStringLiteral("\"app_workplace commands\" lists them"));
         return nullptr;
     }
-    const double seconds = numberOption(context.options, QStringLiteral("limit"), 0, problem);
-    return std::make_unique<RunCommand>(context, int(seconds * c_millisecondsPerSecond));
+    if (context.options.isSet(c_connectOption) && context.settings.wrench().isEmpty()) {
+        *problem = wrongUse(QStringLiteral("which wrench is to be connected is not said"),
+                            QStringLiteral("give its serial number with --serial-id"));
+        return nullptr;
+    }
+    const int limitMs = secondsOption(context.options, QStringLiteral("limit"), 1, problem);
+    return std::make_unique<RunCommand>(context, limitMs);
 }
 
 } // namespace
@@ -35,7 +42,8 @@ CliEntry RunCommand::entry()
         QStringLiteral("run"),
         QStringLiteral("[driver/]COMMAND [name=value …]"),
         QStringLiteral("Runs one command of a plugin; \"app_workplace commands COMMAND\" tells its parameters."),
-        {{QStringLiteral("limit"),
+        {{c_connectOption, QStringLiteral("First connects to the wrench and gets it ready, as a session does.")},
+         {QStringLiteral("limit"),
           QStringLiteral("Ends the run after so long (30 when not said; none for a command that runs until stopped)."),
           QStringLiteral("SECONDS")}},
         &make};
@@ -46,6 +54,7 @@ RunCommand::RunCommand(const CliContext& context, int limitMs)
     , m_command(context.arguments.first())
     , m_parameters(context.arguments.mid(1))
     , m_limitMs(limitMs)
+    , m_connects(context.options.isSet(c_connectOption))
 {
     const int slash = m_command.indexOf(QLatin1Char('/'));
     if (slash >= 0) {
@@ -56,9 +65,12 @@ RunCommand::RunCommand(const CliContext& context, int limitMs)
 
 void RunCommand::interrupt()
 {
-    m_isInterrupted = true;
     if (m_run == nullptr) {
-        Q_EMIT sigDone(int(Problem::Kind::Device));
+        if (m_session != nullptr) {
+            finish(int(Problem::Kind::Device));
+        } else {
+            Q_EMIT sigDone(int(Problem::Kind::Device));
+        }
     } else if (m_run->stopCommandName().isEmpty()) {
         m_run->stop();
     } else if (m_stop == nullptr) {
@@ -67,57 +79,136 @@ void RunCommand::interrupt()
     }
 }
 
-void RunCommand::begin()
+std::optional<Problem> RunCommand::check()
 {
-    DAbstractPlugin* plugin = findPlugin();
-    if (plugin == nullptr) {
-        fail(wrongUse(QStringLiteral("no loaded plugin has the command \"%1\"").arg(m_command),
-                      QStringLiteral("\"app_workplace commands\" lists what there is")));
-        return;
+    if (!m_target.isEmpty() && m_target != c_driver) {
+        return wrongUse(QStringLiteral("\"%1/\" names nobody that runs commands").arg(m_target),
+                        QStringLiteral("write \"driver/%1\" or only \"%1\"").arg(m_command));
     }
-    ParameterReading reading = readParameters(plugin->getFunctionDescription(m_command), m_parameters);
+    m_root = m_target.isEmpty() ? m_workplace.rootWith(m_command, Workplace::Role::Device) : nullptr;
+    if (m_root == nullptr) {
+        m_root = m_workplace.rootWith(m_command, Workplace::Role::Driver);
+    }
+    if (m_root == nullptr) {
+        return wrongUse(QStringLiteral("no loaded plugin has the command \"%1\"").arg(m_command),
+                        QStringLiteral("\"app_workplace commands\" lists what there is"));
+    }
+    const ParameterReading reading = readParameters(m_root->getFunctionDescription(m_command), m_parameters);
     if (!reading.error.isEmpty()) {
-        fail(wrongUse(reading.error, QStringLiteral("\"app_workplace commands %1\" tells more").arg(m_command)));
-        return;
+        return wrongUse(reading.error, QStringLiteral("\"app_workplace commands %1\" tells more").arg(m_command));
     }
-    const bool declaresNone = plugin->getCommandParameters(m_command).isEmpty();
-    if (declaresNone && !m_settings.serialId.isEmpty() && !reading.values.contains(c_serialId)) {
-        reading.values.insert(c_serialId, m_settings.serialId);
+    m_values = reading.values;
+    // Some commands read the serial number without declaring it.
+    const bool declaresNone = m_root->getCommandParameters(m_command).isEmpty();
+    if (declaresNone && !m_settings.wrench().isEmpty() && !m_values.contains(c_serialId)) {
+        m_values.insert(c_serialId, m_settings.wrench());
     }
-    m_run = m_workplace.host().createOrder(*plugin, m_command, reading.values);
-    connect(m_run.get(), &DOrder::sigResultsPublished, this, &RunCommand::show);
-    connect(m_run.get(), &DOrder::sigFinished, this, &RunCommand::ended);
-    const bool isEndless = !m_run->stopCommandName().isEmpty();
-    m_run->start(m_limitMs > 0 ? m_limitMs : isEndless ? 0 : c_defaultLimitMs);
+    return std::nullopt;
 }
 
-DAbstractPlugin* RunCommand::findPlugin()
+void RunCommand::begin()
 {
-    DAbstractPlugin& driver = m_workplace.driver();
-    if (m_target.isEmpty()) {
-        if (DAbstractPlugin* device = m_workplace.deviceWith(m_command)) {
-            return device;
-        }
-    } else if (m_target != c_driver) {
-        return nullptr;
+    const DAbstractPlugin* device = m_workplace.rootWith(c_listenCommand, Workplace::Role::Device);
+    m_lineEnd = std::make_unique<LineEnd>(wrench(*m_root));
+    connect(m_lineEnd.get(), &LineEnd::sigClosed, this, [this] { Q_EMIT sigDone(m_exitStatus); });
+    connect(&m_workplace.host(), &DHost::sigPropertyChanged, this,
+            [this](const DAbstractPlugin* plugin, const QString& name, const QVariant& value) {
+                if (plugin == &m_workplace.driver()) {
+                    driverChanged(name, value);
+                }
+            });
+    if (!m_connects) {
+        execute();
+    } else if (device == nullptr) {
+        fail({Problem::Kind::SetUp,
+              QStringLiteral("run"),
+              QStringLiteral("no loaded plugin can connect to a wrench"),
+              {},
+              QStringLiteral("name the folder of the plugins with --plugins")});
+    } else {
+        connectWrench(*device);
     }
-    return driver.commandNames().contains(m_command) ? &driver : nullptr;
+}
+
+void RunCommand::connectWrench(const DAbstractPlugin& device)
+{
+    SessionOrder order;
+    order.serialId = m_settings.wrench();
+    order.listens = false;
+    m_session = std::make_unique<Session>(wrench(device), order);
+    connect(m_session.get(), &Session::sigStepStarted, this,
+            [this](Session::Step step) { m_console.progress(QStringLiteral("%1 …").arg(textOf(step).name)); });
+    connect(m_session.get(), &Session::sigReady, this, &RunCommand::execute);
+    connect(m_session.get(), &Session::sigFailed, this, [this](const Problem& problem) {
+        m_exitStatus = problem.exitStatus();
+        m_console.progress({});
+        tell(problem);
+    });
+    connect(m_session.get(), &Session::sigFinished, this, [this] { Q_EMIT sigDone(m_exitStatus); });
+    m_session->start();
+}
+
+LinkedDevice RunCommand::wrench(const DAbstractPlugin& root)
+{
+    return {m_workplace.host(), m_workplace.clock(), *m_workplace.instanceOf(root), m_workplace.driver()};
+}
+
+void RunCommand::execute()
+{
+    m_console.progress(QStringLiteral("%1 …").arg(m_command));
+    m_run = m_workplace.host().createOrder(*m_workplace.instanceOf(*m_root), m_command, m_values);
+    connect(m_run.get(), &DOrder::sigResultsPublished, this, &RunCommand::show);
+    connect(m_run.get(), &DOrder::sigFinished, this, &RunCommand::ended);
+    m_run->start(m_limitMs > 0 ? m_limitMs : isEndless() ? 0 : c_defaultLimitMs);
+}
+
+// A listening command outlives a line that is lost and comes back; whatever else waits for it waits in vain.
+void RunCommand::driverChanged(const QString& property, const QVariant& value)
+{
+    if (property == QLatin1String("connected") && value.toBool()) {
+        m_wasConnected = true;
+    } else if (m_run != nullptr && property == QLatin1String("lineError") && !value.toString().isEmpty()) {
+        if (isEndless() && m_wasConnected) {
+            m_console.message(QStringLiteral("link: %1").arg(value.toString()));
+        } else {
+            m_lineFailure = value.toString();
+            m_run->stop();
+        }
+    }
+}
+
+bool RunCommand::isEndless() const
+{
+    return !m_run->stopCommandName().isEmpty();
+}
+
+void RunCommand::finish(int exitStatus)
+{
+    m_exitStatus = exitStatus;
+    m_console.progress({});
+    if (m_session != nullptr) {
+        m_session->interrupt();
+    } else {
+        m_lineEnd->close(); // the last frames leave before the port is closed
+    }
 }
 
 void RunCommand::show(const QMap<QString, QVariant>& values)
 {
     if (m_console.isJson()) {
-        QJsonObject object = QJsonObject::fromVariantMap(values);
         m_console.object({{QStringLiteral("event"), QStringLiteral("results")},
                           {QStringLiteral("command"), m_command},
-                          {QStringLiteral("results"), object}});
+                          {QStringLiteral("results"), QJsonObject::fromVariantMap(values)}});
     } else {
         for (auto value = values.cbegin(); value != values.cend(); ++value) {
-            m_console.line(QStringLiteral("%1: %2").arg(value.key(), Console::visible(shownValue(value.value()))));
+            const QStringList lines = shownResult(value.key(), value.value());
+            for (const QString& line : lines) {
+                m_console.line(line);
+            }
         }
     }
-    if (!m_console.isOpen()) {
-        interrupt(); // nobody reads any more
+    if (!m_console.isOpen()) { // nobody reads any more; from a later turn, for the run is telling us just now
+        QMetaObject::invokeMethod(this, &RunCommand::interrupt, Qt::QueuedConnection);
     }
 }
 
@@ -150,9 +241,14 @@ void RunCommand::ended()
             results.value(QStringLiteral("error"), QStringLiteral("the device said no or did not answer")).toString();
         break;
     }
-    if (isDone) {
-        Q_EMIT sigDone(0);
-    } else {
-        fail(problem);
+    if (!m_lineFailure.isEmpty()) {
+        isDone = false;
+        problem.kind = Problem::Kind::SetUp;
+        problem.cause = m_lineFailure;
     }
+    if (!isDone) {
+        m_console.progress({});
+        tell(problem);
+    }
+    finish(isDone ? 0 : problem.exitStatus());
 }

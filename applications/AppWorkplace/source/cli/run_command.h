@@ -5,6 +5,8 @@
 
 #include <memory>
 
+#include "../services/line_end.h"
+#include "../services/session.h"
 #include "command_line.h"
 #include "workplace_command.h"
 
@@ -21,10 +23,17 @@ public:
     void interrupt() override;
 
 protected:
+    std::optional<Problem> check() override;
     void begin() override;
 
 private:
-    DAbstractPlugin* findPlugin();
+    void connectWrench(const DAbstractPlugin& device);
+    LinkedDevice wrench(const DAbstractPlugin& root);
+    void execute();
+    void driverChanged(const QString& property, const QVariant& value);
+    bool isEndless() const;
+    /// Hangs up, if this command has connected, closes the port and ends.
+    void finish(int exitStatus);
     void show(const QMap<QString, QVariant>& values);
     void ended();
 
@@ -32,7 +41,14 @@ private:
     QString m_command; // as given
     const QStringList m_parameters;
     const int m_limitMs;
+    const bool m_connects;
+    const DAbstractPlugin* m_root = nullptr; // the plugin that has the command
+    QMap<QString, QVariant> m_values;        // the parameters, read
+    std::unique_ptr<Session> m_session;      // null: the command does not connect
+    std::unique_ptr<LineEnd> m_lineEnd;
     std::unique_ptr<DOrder> m_run;
     std::unique_ptr<DOrder> m_stop;
-    bool m_isInterrupted = false;
+    bool m_wasConnected = false;
+    QString m_lineFailure; // why the run was ended; empty: it was not ended by the line
+    int m_exitStatus = 0;
 };

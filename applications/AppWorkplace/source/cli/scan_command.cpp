@@ -5,13 +5,13 @@
 #include <lib_plugins_management/d_abstract_plugin.h>
 
 #include "../services/heard_wrenches.h"
+#include "number_options.h"
 #include "text_table.h"
 
 namespace {
 
 const QString c_detectionCommand = QStringLiteral("startDetection");
 constexpr int c_defaultDurationMs = 5000;
-constexpr double c_millisecondsPerSecond = 1000;
 
 std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
 {
@@ -23,9 +23,9 @@ std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
                     QStringLiteral("see app_workplace scan --help")};
         return nullptr;
     }
-    const double seconds = numberOption(context.options, QStringLiteral("duration"), 0, problem);
+    const int durationMs = secondsOption(context.options, QStringLiteral("duration"), 0, problem);
     const bool isSet = context.options.isSet(QStringLiteral("duration"));
-    return std::make_unique<ScanCommand>(context, isSet ? int(seconds * c_millisecondsPerSecond) : c_defaultDurationMs);
+    return std::make_unique<ScanCommand>(context, isSet ? durationMs : c_defaultDurationMs);
 }
 
 } // namespace
@@ -53,49 +53,69 @@ void ScanCommand::interrupt()
     end();
 }
 
+std::optional<Problem> ScanCommand::check()
+{
+    m_root = m_workplace.rootWith(c_detectionCommand, Workplace::Role::Device);
+    if (m_root != nullptr) {
+        return std::nullopt;
+    }
+    return Problem{Problem::Kind::SetUp,
+                   QStringLiteral("scan"),
+                   QStringLiteral("no loaded plugin can scan"),
+                   {},
+                   QStringLiteral("name the folder of the plugins with --plugins")};
+}
+
 void ScanCommand::begin()
 {
-    DAbstractPlugin* device = m_workplace.deviceWith(c_detectionCommand);
-    if (device == nullptr) {
-        fail({Problem::Kind::SetUp,
-              QStringLiteral("scan"),
-              QStringLiteral("no loaded plugin can scan"),
-              {},
-              QStringLiteral("check the folder of the plugins with --plugins")});
-        return;
-    }
+    DAbstractPlugin& device = *m_workplace.instanceOf(*m_root);
+    m_lineEnd =
+        std::make_unique<LineEnd>(LinkedDevice{m_workplace.host(), m_workplace.clock(), device, m_workplace.driver()});
+    connect(m_lineEnd.get(), &LineEnd::sigClosed, this, &ScanCommand::tellEnd);
     connect(&m_workplace.host(), &DHost::sigPropertyChanged, this,
-            [this](const DAbstractPlugin* plugin, const QString& name, const QVariant& value) {
-                if (plugin == &m_workplace.driver() && name == QLatin1String("lineError") &&
-                    !value.toString().isEmpty()) {
-                    m_workplace.host().disconnect(this);
-                    fail({Problem::Kind::SetUp, QStringLiteral("scan"), QStringLiteral("the line is not usable"),
-                          value.toString(), QStringLiteral("\"app_workplace ports\" lists the ports")});
+            [this](const DAbstractPlugin* plugin, const QString& name) {
+                if (plugin == &m_workplace.driver() && name == QLatin1String("lineError") && !lineError().isEmpty()) {
+                    m_lineFailure = lineError();
+                    end();
                 }
             });
-    m_detection = m_workplace.host().createOrder(*device, c_detectionCommand);
+    m_console.progress(QStringLiteral("searching …"));
+    m_detection = m_workplace.host().createOrder(device, c_detectionCommand);
     connect(m_detection.get(), &DOrder::sigResultsPublished, this, [this](const QMap<QString, QVariant>& values) {
         show(HeardWrenches::strongestFirst(values.value(QStringLiteral("lastResults")).toList()));
-    });
-    connect(m_detection.get(), &DOrder::sigFinished, this, [this] {
-        m_workplace.host().disconnect(this);
-        if (m_shown.isEmpty()) {
-            fail({Problem::Kind::Device,
-                  QStringLiteral("scan"),
-                  QStringLiteral("no wrench was heard"),
-                  {},
-                  QStringLiteral("switch the wrench on, bring it near, and check the port")});
-            return;
+        if (!m_console.isOpen()) { // nobody reads any more; from a later turn, for the scan is telling us just now
+            QMetaObject::invokeMethod(this, &ScanCommand::interrupt, Qt::QueuedConnection);
         }
+    });
+    // The plugin has hung up itself; closing waits until that has left.
+    connect(m_detection.get(), &DOrder::sigFinished, m_lineEnd.get(), &LineEnd::close);
+    m_detection->start();
+    if (m_duration.interval() > 0) {
+        m_duration.start();
+    }
+}
+
+void ScanCommand::tellEnd()
+{
+    m_console.progress({});
+    if (!m_lineFailure.isEmpty()) {
+        fail({Problem::Kind::SetUp,
+              QStringLiteral("scan"),
+              QStringLiteral("the line is not usable"),
+              m_lineFailure,
+              {}});
+    } else if (m_shown.isEmpty()) {
+        fail({Problem::Kind::Device,
+              QStringLiteral("scan"),
+              QStringLiteral("no wrench was heard"),
+              {},
+              QStringLiteral("switch the wrench on, bring it near, and check the port")});
+    } else {
         if (!m_console.isJson() && !m_console.isTerminal()) {
             m_shownLines = -1; // the one list that is shown where lines cannot be taken back
             show(m_shown);
         }
         Q_EMIT sigDone(0);
-    });
-    m_detection->start();
-    if (m_duration.interval() > 0) {
-        m_duration.start();
     }
 }
 

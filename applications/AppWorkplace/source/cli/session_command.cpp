@@ -1,21 +1,18 @@
 #include "session_command.h"
 
+#include "number_options.h"
 #include "session_json_report.h"
 #include "session_text_report.h"
 
 namespace {
 
-const QString c_simulatedSerialId = QStringLiteral("2210"); // of the simulator's own wrench
-constexpr double c_millisecondsPerSecond = 1000;
+const QString c_listenCommand = QStringLiteral("listenEventsData");
 
 std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
 {
     const QCommandLineParser& options = context.options;
     SessionOrder order;
-    order.serialId = context.settings.serialId;
-    if (order.serialId.isEmpty() && context.settings.isSimulated()) {
-        order.serialId = c_simulatedSerialId;
-    }
+    order.serialId = context.settings.wrench();
     if (order.serialId.isEmpty()) {
         *problem = {
             Problem::Kind::Usage,
@@ -34,11 +31,11 @@ std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
         return nullptr;
     }
     if (options.isSet(QStringLiteral("program"))) {
-        order.program = int(numberOption(options, QStringLiteral("program"), 1, problem));
+        order.program = wholeNumberOption(options, QStringLiteral("program"), 1, problem);
     }
-    order.results = int(numberOption(options, QStringLiteral("count"), 1, problem));
-    order.durationMs = int(numberOption(options, QStringLiteral("duration"), 0, problem) * c_millisecondsPerSecond);
-    order.stepLimitMs = int(numberOption(options, QStringLiteral("limit"), 0, problem) * c_millisecondsPerSecond);
+    order.results = wholeNumberOption(options, QStringLiteral("count"), 1, problem);
+    order.durationMs = secondsOption(options, QStringLiteral("duration"), 1, problem);
+    order.stepLimitMs = secondsOption(options, QStringLiteral("limit"), 1, problem);
     return std::make_unique<SessionCommand>(context, order);
 }
 
@@ -80,19 +77,51 @@ void SessionCommand::interrupt()
     }
 }
 
+void SessionCommand::workplaceFailed(const Problem& problem)
+{
+    if (m_session == nullptr) {
+        fail(problem);
+    } else {
+        m_session->fail(problem);
+    }
+}
+
+void SessionCommand::interruptWhenUnread()
+{
+    if (!m_console.isOpen()) {
+        // From a later turn: the session is in the middle of something. It is no failure of the device.
+        QMetaObject::invokeMethod(m_session.get(), &Session::interrupt, Qt::QueuedConnection);
+    }
+}
+
+std::optional<Problem> SessionCommand::check()
+{
+    m_device = m_workplace.rootWith(c_listenCommand, Workplace::Role::Device);
+    if (m_device != nullptr) {
+        return std::nullopt;
+    }
+    return Problem{Problem::Kind::SetUp,
+                   QStringLiteral("session"),
+                   QStringLiteral("no loaded plugin has the command \"%1\"").arg(c_listenCommand),
+                   {},
+                   QStringLiteral("name the folder of the plugins with --plugins")};
+}
+
 void SessionCommand::begin()
 {
-    m_session = std::make_unique<Session>(m_workplace, m_order);
+    m_session = std::make_unique<Session>(
+        LinkedDevice{m_workplace.host(), m_workplace.clock(), *m_workplace.instanceOf(*m_device), m_workplace.driver()},
+        m_order);
     Session* session = m_session.get();
     m_report->opened(m_workplace.portInUse(), m_settings.isSimulated());
     connect(session, &Session::sigStepStarted, this, [this](Session::Step step) {
-        if (step == Session::Step::Listen) {
-            m_hasListened = true;
-            m_report->listening();
-        }
+        m_hasListened = step == Session::Step::Listen;
+        m_report->stepStarted(step);
     });
-    connect(session, &Session::sigStepDone, this,
-            [this](Session::Step step, qint64 elapsedMs) { m_report->stepDone(step, elapsedMs); });
+    connect(session, &Session::sigStepDone, this, [this](Session::Step step, qint64 elapsedMs) {
+        m_report->stepDone(step, elapsedMs);
+        interruptWhenUnread();
+    });
     connect(session, &Session::sigWrenchesHeard, this,
             [this](const QVariantList& wrenches) { m_report->wrenchesHeard(wrenches); });
     connect(session, &Session::sigPrograms, this,
@@ -101,15 +130,14 @@ void SessionCommand::begin()
             [this](int program, const QVariantMap& preset) { m_report->selected(program, preset); });
     connect(session, &Session::sigResult, this, [this](const QVariantMap& eventData) {
         m_report->result(eventData);
-        if (!m_console.isOpen()) {
-            m_session->interrupt(); // nobody reads any more
-        }
+        interruptWhenUnread();
     });
     connect(session, &Session::sigLink, this, [this](bool isConnected, const QString& state, const QString& message) {
         m_report->link(isConnected, state, message);
     });
     connect(session, &Session::sigFailed, this, [this](const Problem& problem) {
         m_exitStatus = problem.exitStatus();
+        m_report->failed();
         tell(problem);
     });
     connect(session, &Session::sigFinished, this, [this](const SessionSummary& summary) {

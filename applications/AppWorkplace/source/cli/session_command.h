@@ -20,10 +20,15 @@ public:
     void interrupt() override;
 
 protected:
+    std::optional<Problem> check() override;
     void begin() override;
+    void workplaceFailed(const Problem& problem) override;
 
 private:
+    void interruptWhenUnread();
+
     SessionOrder m_order;
+    const DAbstractPlugin* m_device = nullptr;
     std::unique_ptr<SessionReport> m_report;
     std::unique_ptr<Session> m_session;
     bool m_hasListened = false;

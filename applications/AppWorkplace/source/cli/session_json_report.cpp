@@ -30,11 +30,9 @@ SessionJsonReport::SessionJsonReport(Console& console, const QString& serialId)
     : m_console(console), m_serialId(serialId)
 {}
 
-void SessionJsonReport::opened(const QString& port, bool isSimulated)
-{
-    Q_UNUSED(port)
-    Q_UNUSED(isSimulated)
-}
+void SessionJsonReport::opened(const QString&, bool) {}
+
+void SessionJsonReport::stepStarted(Session::Step) {}
 
 void SessionJsonReport::stepDone(Session::Step step, qint64 elapsedMs)
 {
@@ -68,8 +66,6 @@ void SessionJsonReport::selected(int program, const QVariantMap& preset)
     m_pending.insert(QStringLiteral("presetData"), QJsonObject::fromVariantMap(preset));
 }
 
-void SessionJsonReport::listening() {}
-
 void SessionJsonReport::result(const QVariantMap& eventData)
 {
     write(QStringLiteral("result"), {{QStringLiteral("eventData"), QJsonObject::fromVariantMap(eventData)},
@@ -83,14 +79,22 @@ void SessionJsonReport::link(bool isConnected, const QString& state, const QStri
                                    {QStringLiteral("message"), message}});
 }
 
+void SessionJsonReport::failed()
+{
+    m_pending = {};
+}
+
 void SessionJsonReport::summary(const SessionSummary& summary)
 {
-    write(QStringLiteral("summary"), {{QStringLiteral("results"), summary.good + summary.notGood},
-                                      {QStringLiteral("good"), summary.good},
-                                      {QStringLiteral("notGood"), summary.notGood},
-                                      {QStringLiteral("progId"), summary.program},
-                                      {QStringLiteral("endedBy"), nameOf(summary.end)},
-                                      {c_elapsedMs, summary.elapsedMs}});
+    QJsonObject fields{{QStringLiteral("results"), summary.good + summary.notGood},
+                       {QStringLiteral("good"), summary.good},
+                       {QStringLiteral("notGood"), summary.notGood},
+                       {QStringLiteral("endedBy"), nameOf(summary.end)},
+                       {c_elapsedMs, summary.elapsedMs}};
+    if (summary.program > 0) {
+        fields.insert(QStringLiteral("progId"), summary.program);
+    }
+    write(QStringLiteral("summary"), fields);
 }
 
 void SessionJsonReport::write(const QString& event, QJsonObject fields)

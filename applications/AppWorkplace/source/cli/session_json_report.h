@@ -9,13 +9,14 @@ public:
     SessionJsonReport(Console& console, const QString& serialId);
 
     void opened(const QString& port, bool isSimulated) override;
+    void stepStarted(Session::Step step) override;
     void stepDone(Session::Step step, qint64 elapsedMs) override;
     void wrenchesHeard(const QVariantList& wrenches) override;
     void programs(const QVariantList& programs) override;
     void selected(int program, const QVariantMap& preset) override;
-    void listening() override;
     void result(const QVariantMap& eventData) override;
     void link(bool isConnected, const QString& state, const QString& message) override;
+    void failed() override;
     void summary(const SessionSummary& summary) override;
 
 private:

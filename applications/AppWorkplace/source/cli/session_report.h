@@ -12,13 +12,15 @@ public:
     virtual ~SessionReport() = default;
 
     virtual void opened(const QString& port, bool isSimulated) = 0;
+    virtual void stepStarted(Session::Step step) = 0;
     virtual void stepDone(Session::Step step, qint64 elapsedMs) = 0;
     virtual void wrenchesHeard(const QVariantList& wrenches) = 0;
     virtual void programs(const QVariantList& programs) = 0;
     virtual void selected(int program, const QVariantMap& preset) = 0;
-    virtual void listening() = 0;
     virtual void result(const QVariantMap& eventData) = 0;
     virtual void link(bool isConnected, const QString& state, const QString& message) = 0;
+    /// The problem itself is told beside the report.
+    virtual void failed() = 0;
     virtual void summary(const SessionSummary& summary) = 0;
 
     /// The console outlives the report. serialId: of the session's wrench.

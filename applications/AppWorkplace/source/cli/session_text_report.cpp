@@ -6,8 +6,9 @@
 
 namespace {
 
-constexpr int c_stepWidth = 10;
+constexpr int c_nameWidth = 10;
 constexpr int c_textWidth = 46;
+constexpr int c_timeWidth = 10;
 constexpr double c_millisecondsPerSecond = 1000;
 
 QString seconds(qint64 milliseconds)
@@ -27,12 +28,12 @@ SessionTextReport::SessionTextReport(Console& console, const QString& serialId)
     , m_serialId(serialId)
     , m_results({{QStringLiteral("#"), true, 4},
                  {QStringLiteral("torque"), true, 8},
+                 {QStringLiteral("status"), true},
                  {QStringLiteral("direction"), true},
-                 {QStringLiteral("torque status"), true},
-                 {QStringLiteral("snug angle"), true},
-                 {QStringLiteral("angle status"), true},
+                 {QStringLiteral("angle"), true},
+                 {QStringLiteral("status"), true},
                  {QStringLiteral("reading"), true},
-                 {QStringLiteral("reading status"), true},
+                 {QStringLiteral("status"), true},
                  {QStringLiteral("program"), true},
                  {QString()}})
 {}
@@ -42,6 +43,20 @@ void SessionTextReport::opened(const QString& port, bool isSimulated)
     m_console.line(QStringLiteral("Session with the wrench %1 on %2%3")
                        .arg(Console::visible(m_serialId), Console::visible(port),
                             isSimulated ? QStringLiteral(" (simulated)") : QString()));
+}
+
+void SessionTextReport::stepStarted(Session::Step started)
+{
+    static const QMap<Session::Step, QString> texts = {
+        {Session::Step::Connect, QStringLiteral("searching …")},
+        {Session::Step::Programs, QStringLiteral("reading …")},
+        {Session::Step::Select, QStringLiteral("going to the program …")},
+    };
+    if (started == Session::Step::Listen) {
+        step(textOf(started).name, QStringLiteral("waiting for results; Ctrl-C ends the session"));
+    } else {
+        m_console.progress(stepLine(textOf(started).name, texts.value(started, QStringLiteral("…"))));
+    }
 }
 
 void SessionTextReport::stepDone(Session::Step done, qint64 elapsedMs)
@@ -54,7 +69,8 @@ void SessionTextReport::stepDone(Session::Step done, qint64 elapsedMs)
     };
     const QString said = m_stepText.isEmpty() ? texts.value(done) : m_stepText;
     m_stepText.clear();
-    step(Session::nameOf(done), said.leftJustified(c_textWidth) + seconds(elapsedMs).rightJustified(c_stepWidth));
+    m_console.progress({});
+    step(textOf(done).name, said.leftJustified(c_textWidth) + seconds(elapsedMs).rightJustified(c_timeWidth));
 }
 
 void SessionTextReport::wrenchesHeard(const QVariantList& wrenches)
@@ -72,7 +88,8 @@ void SessionTextReport::wrenchesHeard(const QVariantList& wrenches)
 
 void SessionTextReport::programs(const QVariantList& programs)
 {
-    m_stepText = QStringLiteral("%1 programs").arg(programs.size());
+    m_stepText =
+        programs.size() == 1 ? QStringLiteral("1 program") : QStringLiteral("%1 programs").arg(programs.size());
     TextTable table({{QStringLiteral("program"), true},
                      {QStringLiteral("unit")},
                      {QStringLiteral("target torque"), true},
@@ -95,21 +112,17 @@ void SessionTextReport::selected(int program, const QVariantMap& preset)
     m_stepText = QStringLiteral("program %1").arg(program);
 }
 
-void SessionTextReport::listening()
-{
-    step(Session::nameOf(Session::Step::Listen), QStringLiteral("waiting for results; Ctrl-C ends the session"));
-}
-
 void SessionTextReport::result(const QVariantMap& eventData)
 {
     if (m_shown == 0) {
+        m_console.line({});
         m_console.line(m_console.strong(m_results.titleLine()));
     }
     ++m_shown;
     const bool good = isGood(eventData);
     const QString line = m_results.rowLine(
-        {QString::number(m_shown), text(eventData, "convertedTorque"), text(eventData, "direction"),
-         text(eventData, "torqueStatus"), text(eventData, "snugTorqueAngle"), text(eventData, "angleStatus"),
+        {QString::number(m_shown), text(eventData, "convertedTorque"), text(eventData, "torqueStatus"),
+         text(eventData, "direction"), text(eventData, "snugTorqueAngle"), text(eventData, "angleStatus"),
          text(eventData, "readingNumber"), text(eventData, "readingStatus"), text(eventData, "progId"),
          good ? QStringLiteral("good") : QStringLiteral("NOT GOOD")});
     m_console.line(good ? line : m_console.alarming(line));
@@ -117,18 +130,31 @@ void SessionTextReport::result(const QVariantMap& eventData)
 
 void SessionTextReport::link(bool isConnected, const QString& state, const QString& message)
 {
-    step(QStringLiteral("link"),
-         isConnected ? QStringLiteral("the line is open") : QStringLiteral("%1: %2").arg(state, message));
+    if (!isConnected) {
+        m_isLineInTrouble = true;
+        step(QStringLiteral("link"), QStringLiteral("%1: %2").arg(state, message));
+    } else if (m_isLineInTrouble) { // the first time it is a step of its own
+        m_isLineInTrouble = false;
+        step(QStringLiteral("link"), QStringLiteral("the line is open again"));
+    }
+}
+
+void SessionTextReport::failed()
+{
+    m_console.progress({});
 }
 
 void SessionTextReport::summary(const SessionSummary& summary)
 {
+    m_console.progress({});
     const int results = summary.good + summary.notGood;
-    QString line = QStringLiteral("%1 results: %2 good, %3 not good; %4")
-                       .arg(results)
-                       .arg(summary.good)
-                       .arg(summary.notGood)
-                       .arg(seconds(summary.elapsedMs));
+    QString line = results == 0 ? QStringLiteral("No result")
+                                : QStringLiteral("%1 %2: %3 good, %4 not good")
+                                      .arg(results)
+                                      .arg(results == 1 ? QStringLiteral("result") : QStringLiteral("results"))
+                                      .arg(summary.good)
+                                      .arg(summary.notGood);
+    line += QStringLiteral("; %1").arg(seconds(summary.elapsedMs));
     if (summary.program > 0) {
         line += QStringLiteral("; program %1").arg(summary.program);
         // What the plugin records without a selection is the end of its walk through the list.
@@ -139,5 +165,10 @@ void SessionTextReport::summary(const SessionSummary& summary)
 
 void SessionTextReport::step(const QString& name, const QString& text)
 {
-    m_console.line(QStringLiteral("  %1 %2").arg(name, -c_stepWidth).arg(Console::visible(text)));
+    m_console.line(stepLine(name, text));
+}
+
+QString SessionTextReport::stepLine(const QString& name, const QString& text)
+{
+    return QStringLiteral("  %1 %2").arg(name, -c_nameWidth).arg(Console::visible(text));
 }

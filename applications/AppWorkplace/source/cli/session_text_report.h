@@ -10,17 +10,19 @@ public:
     SessionTextReport(Console& console, const QString& serialId);
 
     void opened(const QString& port, bool isSimulated) override;
+    void stepStarted(Session::Step step) override;
     void stepDone(Session::Step step, qint64 elapsedMs) override;
     void wrenchesHeard(const QVariantList& wrenches) override;
     void programs(const QVariantList& programs) override;
     void selected(int program, const QVariantMap& preset) override;
-    void listening() override;
     void result(const QVariantMap& eventData) override;
     void link(bool isConnected, const QString& state, const QString& message) override;
+    void failed() override;
     void summary(const SessionSummary& summary) override;
 
 private:
     void step(const QString& name, const QString& text);
+    static QString stepLine(const QString& name, const QString& text);
 
     Console& m_console;
     const QString m_serialId;
@@ -29,4 +31,5 @@ private:
     TextTable m_results;
     int m_shown = 0;
     bool m_isSelected = false;
+    bool m_isLineInTrouble = false;
 };

@@ -3,7 +3,6 @@
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonParseError>
-#include <QRegularExpression>
 
 #include <iterator>
 
@@ -25,11 +24,37 @@ int lineOf(const QByteArray& text, int offset)
     return 1 + int(text.left(offset).count('\n'));
 }
 
+/// Where the string that begins at that quote ends: the position of its last quote. The text is good JSON.
+int endOfString(const QByteArray& text, int start)
+{
+    int end = start + 1;
+    while (text.at(end) != '"') {
+        end += text.at(end) == '\\' ? 2 : 1;
+    }
+    return end;
+}
+
+/// The line of a key of the outermost object; a key of the same name may stand in an object inside it.
 int lineOfKey(const QByteArray& text, const QString& key)
 {
-    const QRegularExpression pattern(QStringLiteral("\"%1\"\\s*:").arg(QRegularExpression::escape(key)));
-    const QRegularExpressionMatch match = pattern.match(QString::fromUtf8(text));
-    return match.hasMatch() ? 1 + int(QString::fromUtf8(text).left(match.capturedStart()).count(QLatin1Char('\n'))) : 1;
+    const QByteArray wanted = key.toUtf8();
+    int depth = 0;
+    for (int i = 0; i < text.size(); ++i) {
+        const char character = text.at(i);
+        if (character == '{' || character == '[') {
+            ++depth;
+        } else if (character == '}' || character == ']') {
+            --depth;
+        } else if (character == '"') {
+            const int end = endOfString(text, i);
+            const bool isKey = text.mid(end + 1).trimmed().startsWith(':');
+            if (depth == 1 && isKey && text.mid(i + 1, end - i - 1) == wanted) {
+                return lineOf(text, i);
+            }
+            i = end;
+        }
+    }
+    return 1;
 }
 
 Problem refusal(const QString& file, int line, const QString& cause, const QString& mend)

@@ -38,15 +38,19 @@ QVariantList HeardWrenches::strongestFirst(QVariantList wrenches)
     return wrenches;
 }
 
-QString HeardWrenches::inWords() const
+QString HeardWrenches::whyNot(const QString& serialId) const
 {
-    QStringList wrenches;
+    QStringList others;
     const QVariantList heard = strongestFirst();
     for (const QVariant& wrench : heard) {
         const QVariantMap fields = wrench.toMap();
-        wrenches.append(QStringLiteral("%1 (%2 dBm)")
-                            .arg(fields.value(c_serialKey).toString(), fields.value(c_strengthKey).toString()));
+        if (fields.value(c_serialKey) == serialId) {
+            return QStringLiteral("the wrench %1 was heard, but the link to it did not come about").arg(serialId);
+        }
+        others.append(QStringLiteral("%1 (%2 dBm)")
+                          .arg(fields.value(c_serialKey).toString(), fields.value(c_strengthKey).toString()));
     }
-    return wrenches.isEmpty() ? QStringLiteral("no wrench was heard")
-                              : QStringLiteral("heard were %1").arg(wrenches.join(QStringLiteral(", ")));
+    return others.isEmpty() ? QStringLiteral("no wrench was heard")
+                            : QStringLiteral("the wrench %1 was not heard, only %2")
+                                  .arg(serialId, others.join(QStringLiteral(", ")));
 }

@@ -17,8 +17,8 @@ public:
     /// The same for a list of such maps.
     static QVariantList strongestFirst(QVariantList wrenches);
 
-    /// "2210 (-58 dBm), 2211 (-71 dBm)", or that none was heard.
-    QString inWords() const;
+    /// Why that wrench is not connected, as far as the scan can tell.
+    QString whyNot(const QString& serialId) const;
 
 private:
     QMap<QString, QVariantMap> m_byAddress;

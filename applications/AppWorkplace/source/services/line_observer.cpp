@@ -36,20 +36,33 @@ void LineObserver::start(DHost& host, DAbstractPlugin& driver)
 
 void LineObserver::stop()
 {
-    m_listener.reset();
+    if (DOrder* listener = m_listener.release()) {
+        listener->disconnect(this);
+        listener->stop();
+        listener->deleteLater(); // it may be telling us of a line
+    }
 }
 
 void LineObserver::receive(const QByteArray& chunk)
 {
     int start = 0;
     for (int end = chunk.indexOf('\n'); end >= 0; end = chunk.indexOf('\n', start)) {
-        m_partialLine.append(chunk.constData() + start, end - start);
+        keep(chunk.constData() + start, end - start);
         start = end + 1;
-        takeLine(QString::fromUtf8(m_partialLine).trimmed());
+        if (!m_isTooLong) {
+            takeLine(QString::fromUtf8(m_partialLine).trimmed());
+        }
         m_partialLine.clear();
+        m_isTooLong = false;
     }
-    if (m_partialLine.size() + chunk.size() - start <= c_longestLine) {
-        m_partialLine.append(chunk.constData() + start, chunk.size() - start);
+    keep(chunk.constData() + start, chunk.size() - start);
+}
+
+void LineObserver::keep(const char* bytes, int size)
+{
+    m_isTooLong = m_isTooLong || m_partialLine.size() + size > c_longestLine;
+    if (!m_isTooLong) {
+        m_partialLine.append(bytes, size);
     }
 }
 

@@ -34,9 +34,11 @@ Q_SIGNALS:
 
 private:
     void receive(const QByteArray& chunk);
+    void keep(const char* bytes, int size);
     void takeLine(const QString& line);
 
     std::unique_ptr<DOrder> m_listener;
     QByteArray m_partialLine;
+    bool m_isTooLong = false; // the line is dropped, up to its end
     QString m_lastRefusal;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 /// What went wrong, told so that somebody can do something about it.
 struct Problem
@@ -20,16 +21,16 @@ struct Problem
 
     int exitStatus() const { return int(kind); }
 
-    /// All of it as one sentence.
-    QString message() const
+    /// For people: what, and on lines of their own why and what to do.
+    QStringList lines() const
     {
-        QString text = what;
+        QStringList lines{QStringLiteral("%1: %2").arg(step, what)};
         if (!cause.isEmpty()) {
-            text += QStringLiteral(": ") + cause;
+            lines.append(QStringLiteral("  why: ") + cause);
         }
         if (!mend.isEmpty()) {
-            text += QStringLiteral("; ") + mend;
+            lines.append(QStringLiteral("  do:  ") + mend);
         }
-        return text;
+        return lines;
     }
 };

@@ -1,43 +1,16 @@
 #include "session.h"
 
-#include <iterator>
-
 #include <lib_plugins_management/d_abstract_plugin.h>
+#include <lib_plugins_management/host/d_host.h>
 
 #include "verdict.h"
 
 namespace {
 
-struct StepText
-{
-    Session::Step step;
-    const char* name;
-    int limitMs; // how long the step may take, 0: no limit
-    const char* failure;
-    const char* mend;
-};
-
-// In the order of the steps. The scan inside "connect" has a limit of its own, 10 s; dialling has none.
-constexpr StepText c_steps[] = {
-    {Session::Step::Open, "open", 5000, "the line could not be opened",
-     "check the port and the cable; \"app_workplace ports\" lists the ports"},
-    {Session::Step::Connect, "connect", 20000, "the wrench could not be connected",
-     "switch the wrench on, bring it near, and check the serial number; \"app_workplace scan\" lists what is in range"},
-    {Session::Step::Configure, "configure", 5000, "the wrench could not be configured",
-     "bring the wrench nearer and try again"},
-    {Session::Step::Programs, "programs", 60000, "the wrench's programs could not be read",
-     "finish the tightening that is going on, and try again"},
-    {Session::Step::Select, "select", 30000, "the program could not be selected",
-     "choose one of the listed programs with --program"},
-    {Session::Step::Unlock, "unlock", 5000, "the wrench could not be unlocked", "try again"},
-    {Session::Step::Listen, "listen", 0, "the results could not be listened to", "try again"},
-};
-
-constexpr int c_endingLimitMs = 2000; // of each command that ends the session
-constexpr int c_writeTimeoutMs = 500;
+constexpr int c_lostLimitMs = 500; // a loose contact is not a lost line, and who knows more of it tells first
 constexpr int c_millisecondsPerSecond = 1000;
+constexpr qint64 c_microsecondsPerMillisecond = 1000;
 
-const QByteArray c_hangUpFrame = QByteArrayLiteral("ATH\r\n");
 const QString c_keepAliveFrame = QStringLiteral("DI:C\r\n");
 const QString c_keepAliveAnswer = QStringLiteral("OK:");
 
@@ -48,61 +21,44 @@ const QString c_eventData = QStringLiteral("eventData");
 const QString c_listenCommand = QStringLiteral("listenEventsData");
 const QString c_currentProgram = QStringLiteral("currentProgId");
 
+const QString c_pluginMend = QStringLiteral("check the folder of the plugins with --plugins");
+
 // Properties of the driver.
 constexpr char c_connected[] = "connected";
 constexpr char c_lineState[] = "lineState";
 constexpr char c_lineError[] = "lineError";
 
-const StepText& textOf(Session::Step step)
-{
-    return c_steps[int(step)];
-}
-
 } // namespace
 
-Session::Session(Workplace& workplace, const SessionOrder& order, QObject* parent)
-    : QObject(parent), m_workplace(workplace), m_order(order)
+Session::Session(const LinkedDevice& wrench, const SessionOrder& order, QObject* parent)
+    : QObject(parent), m_wrench(wrench), m_order(order), m_lineEnd(wrench)
 {
-    m_limit.setSingleShot(true);
+    connect(&m_lineEnd, &LineEnd::sigClosed, this, &Session::finish);
     connect(&m_observer, &LineObserver::sigWrenchHeard, this,
             [this](const QString& address, const QString& serialId, const QString& signalStrength) {
                 if (m_heard.add(address, serialId, signalStrength)) {
                     Q_EMIT sigWrenchesHeard(m_heard.strongestFirst());
                 }
             });
-    connect(&workplace.host(), &DHost::sigPropertyChanged, this,
+    connect(&m_wrench.host, &DHost::sigPropertyChanged, this,
             [this](const DAbstractPlugin* plugin, const QString& name) {
-                if (plugin == &m_workplace.driver()) {
+                if (plugin == &m_wrench.driver) {
                     driverChanged(name);
                 }
             });
 }
 
-Session::~Session() = default;
-
-QString Session::nameOf(Step step)
+Session::~Session()
 {
-    return QLatin1String(textOf(step).name);
+    cancelTimer();
 }
 
 void Session::start()
 {
-    m_sessionTime.start();
+    m_startUs = m_wrench.clock.nowUs();
     begin(Step::Open);
-    m_device = m_workplace.deviceWith(c_listenCommand);
-    if (m_device == nullptr) {
-        fail(QStringLiteral("no loaded plugin has the command \"%1\"").arg(c_listenCommand), Problem::Kind::SetUp);
-        return;
-    }
-    connect(&m_limit, &QTimer::timeout, this, [this] {
-        if (m_step == Step::Open) {
-            fail(QStringLiteral("the driver did not say why"), Problem::Kind::SetUp);
-        } else {
-            end(SessionSummary::End::Duration);
-        }
-    });
-    m_limit.start(limitMs());
-    m_observer.start(m_workplace.host(), m_workplace.driver());
+    callAfter(limitMs(), &Session::openLimitReached);
+    m_observer.start(m_wrench.host, m_wrench.driver);
 }
 
 void Session::interrupt()
@@ -110,24 +66,32 @@ void Session::interrupt()
     end(SessionSummary::End::Interrupt);
 }
 
+void Session::fail(const Problem& problem)
+{
+    if (!m_isEnding) {
+        Q_EMIT sigFailed(problem);
+        end(SessionSummary::End::Failure);
+    }
+}
+
 void Session::begin(Step step)
 {
     m_step = step;
-    m_stepTime.start();
+    m_stepStartUs = m_wrench.clock.nowUs();
     m_observer.forgetRefusal();
     Q_EMIT sigStepStarted(step);
 }
 
 void Session::done()
 {
-    Q_EMIT sigStepDone(m_step, m_stepTime.elapsed());
+    Q_EMIT sigStepDone(m_step, (m_wrench.clock.nowUs() - m_stepStartUs) / c_microsecondsPerMillisecond);
 }
 
 void Session::run(const QString& command, const Results& parameters, Continuation then)
 {
-    m_run = m_workplace.host().createOrder(*m_device, command, parameters);
+    m_run = m_wrench.host.createOrder(m_wrench.device, command, parameters);
     if (m_run == nullptr) {
-        fail(QStringLiteral("the plugin has no command \"%1\"").arg(command), Problem::Kind::SetUp);
+        failSetUp(QStringLiteral("the device plugin has no command \"%1\"").arg(command), c_pluginMend);
         return;
     }
     connect(m_run.get(), &DOrder::sigFinished, this, [this, then] {
@@ -138,15 +102,16 @@ void Session::run(const QString& command, const Results& parameters, Continuatio
             (this->*then)(ended->results());
             break;
         case DOrder::Outcome::TimedOut:
-            fail(refusalOr(QStringLiteral("no answer within the time limit of %1 s")
-                               .arg(double(limitMs()) / c_millisecondsPerSecond)));
+            failStep(QStringLiteral("the time limit of %1 s ended it, %2")
+                         .arg(double(limitMs()) / c_millisecondsPerSecond)
+                         .arg(refusalOr(QStringLiteral("there was no answer"))));
             break;
         case DOrder::Outcome::Stopped:
             break;
         case DOrder::Outcome::None:
         case DOrder::Outcome::Refused:
         case DOrder::Outcome::Gone:
-            fail(QStringLiteral("the device plugin refused \"%1\"").arg(ended->commandName()));
+            failSetUp(QStringLiteral("the device plugin refused \"%1\"").arg(ended->commandName()), c_pluginMend);
             break;
         }
     });
@@ -155,18 +120,18 @@ void Session::run(const QString& command, const Results& parameters, Continuatio
 
 void Session::lineIsOpen()
 {
-    m_limit.stop();
+    cancelTimer();
     done();
     begin(Step::Connect);
     run(QStringLiteral("searchAndConnect"),
-        {{QStringLiteral("serialId"), m_order.serialId}, {QStringLiteral("name"), m_device->getName()}},
+        {{QStringLiteral("serialId"), m_order.serialId}, {QStringLiteral("name"), m_wrench.device.getName()}},
         &Session::connected);
 }
 
 void Session::connected(const Results& results)
 {
     if (!results.value(c_success).toBool()) {
-        fail(refusalOr(m_heard.inWords()));
+        failStep(refusalOr(m_heard.whyNot(m_order.serialId)));
         return;
     }
     done();
@@ -177,7 +142,7 @@ void Session::connected(const Results& results)
 void Session::configured(const Results& results)
 {
     if (!results.value(c_success).toBool()) {
-        fail(refusalOr(QStringLiteral("it refused")));
+        failStep(refusalOr(QStringLiteral("it refused")));
         return;
     }
     done();
@@ -189,7 +154,7 @@ void Session::programsListed(const Results& results)
 {
     m_programs = results.value(QStringLiteral("programList")).toList();
     if (m_programs.isEmpty()) {
-        fail(refusalOr(QStringLiteral("it named none")));
+        failStep(refusalOr(QStringLiteral("it named none")));
         return;
     }
     m_presetsRead = 0;
@@ -229,9 +194,9 @@ void Session::programsKnown()
 void Session::programSelected(const Results& results)
 {
     if (!results.value(c_success).toBool()) {
-        fail(refusalOr(QStringLiteral("the wrench has the programs 1 to %1, and %2 was asked for")
-                           .arg(m_programs.size())
-                           .arg(*m_order.program)));
+        failStep(refusalOr(QStringLiteral("the wrench has the programs 1 to %1, and %2 was asked for")
+                               .arg(m_programs.size())
+                               .arg(*m_order.program)));
         return;
     }
     Q_EMIT sigSelected(*m_order.program, results.value(c_presetData).toMap());
@@ -249,7 +214,7 @@ void Session::unlock()
 void Session::unlocked(const Results& results)
 {
     if (!results.value(c_success).toBool()) {
-        fail(refusalOr(QStringLiteral("the frame could not be written")));
+        failStep(refusalOr(QStringLiteral("the frame could not be written")));
         return;
     }
     done();
@@ -261,7 +226,7 @@ void Session::unlocked(const Results& results)
 void Session::keepAliveSet(const Results& results)
 {
     if (!results.value(c_success).toBool()) {
-        fail(QStringLiteral("the driver does not keep the link alive"), Problem::Kind::SetUp);
+        failSetUp(QStringLiteral("the driver does not keep the link alive"), c_pluginMend);
         return;
     }
     listen();
@@ -270,17 +235,27 @@ void Session::keepAliveSet(const Results& results)
 void Session::listen()
 {
     begin(Step::Listen);
-    m_listener = m_workplace.host().createOrder(*m_device, c_listenCommand);
+    cancelTimer();
+    if (m_order.durationMs > 0) {
+        callAfter(m_order.durationMs, &Session::durationIsOver);
+    }
+    if (!m_order.listens) {
+        Q_EMIT sigReady();
+        return;
+    }
+    m_listener = m_wrench.host.createOrder(m_wrench.device, c_listenCommand);
+    if (m_listener == nullptr) {
+        failSetUp(QStringLiteral("the device plugin has no command \"%1\"").arg(c_listenCommand), c_pluginMend);
+        return;
+    }
     connect(m_listener.get(), &DOrder::sigResultsPublished, this, [this](const QMap<QString, QVariant>& values) {
         if (values.contains(c_eventData)) {
             takeResult(values.value(c_eventData).toMap());
         }
     });
-    connect(m_listener.get(), &DOrder::sigFinished, this, [this] { fail(QStringLiteral("the listener has ended")); });
+    connect(m_listener.get(), &DOrder::sigFinished, this,
+            [this] { failSetUp(QStringLiteral("the listener has ended"), c_pluginMend); });
     m_listener->start();
-    if (m_order.durationMs > 0) {
-        m_limit.start(m_order.durationMs);
-    }
 }
 
 void Session::takeResult(const QVariantMap& eventData)
@@ -297,34 +272,63 @@ void Session::takeResult(const QVariantMap& eventData)
 
 void Session::driverChanged(const QString& property)
 {
-    if (m_isEnding || (property != QLatin1String(c_connected) && property != QLatin1String(c_lineError))) {
-        return;
-    }
-    const bool isConnected = m_workplace.driver().getProperty(QLatin1String(c_connected), QVariant(false)).toBool();
-    const QString error = driverText(c_lineError);
-    if (m_step == Step::Open) {
-        if (isConnected) {
-            m_wasConnected = true;
-            Q_EMIT sigLink(true, driverText(c_lineState), QString());
-            lineIsOpen();
-        } else if (!error.isEmpty()) {
-            fail(error, Problem::Kind::SetUp);
-        }
-    } else if (isConnected != m_wasConnected) {
-        m_wasConnected = isConnected;
-        Q_EMIT sigLink(isConnected, driverText(c_lineState), isConnected ? QString() : error);
-    }
-}
-
-void Session::fail(const QString& cause, Problem::Kind kind)
-{
     if (m_isEnding) {
         return;
     }
-    const StepText& text = textOf(m_step);
-    Q_EMIT sigFailed(
-        {kind, QLatin1String(text.name), QString::fromUtf8(text.failure), cause, QString::fromUtf8(text.mend)});
-    end(SessionSummary::End::Failure);
+    if (property == QLatin1String(c_connected)) {
+        lineChanged(m_wrench.driver.getProperty(QLatin1String(c_connected), QVariant(false)).toBool());
+    } else if (m_step == Step::Open && property == QLatin1String(c_lineError) && !driverText(c_lineError).isEmpty()) {
+        failSetUp(driverText(c_lineError), QString());
+    }
+}
+
+// A line that is closed without an error was closed on purpose: by the device plugin after a search in vain.
+void Session::lineChanged(bool isConnected)
+{
+    const QString error = driverText(c_lineError);
+    if (isConnected && m_step == Step::Open) {
+        Q_EMIT sigLink(true, driverText(c_lineState), QString());
+        lineIsOpen();
+    } else if (isConnected && m_isLineInTrouble) {
+        m_isLineInTrouble = false;
+        Q_EMIT sigLink(true, driverText(c_lineState), QString());
+        if (m_step != Step::Listen) {
+            cancelTimer();
+        }
+    } else if (!isConnected && !error.isEmpty()) {
+        m_isLineInTrouble = true;
+        Q_EMIT sigLink(false, driverText(c_lineState), error);
+        if (m_step != Step::Listen) {
+            callAfter(c_lostLimitMs, &Session::lineStaysLost);
+        }
+    }
+}
+
+void Session::openLimitReached()
+{
+    failSetUp(QStringLiteral("the driver did not say why"), textOf(m_step).mend);
+}
+
+void Session::durationIsOver()
+{
+    end(SessionSummary::End::Duration);
+}
+
+void Session::lineStaysLost()
+{
+    failSetUp(driverText(c_lineError), QString());
+}
+
+void Session::failStep(const QString& cause)
+{
+    const SessionStepText text = textOf(m_step);
+    fail({Problem::Kind::Device, text.name, text.failure, cause, text.mend});
+}
+
+void Session::failSetUp(const QString& cause, const QString& mend)
+{
+    const SessionStepText text = textOf(m_step);
+    fail({Problem::Kind::SetUp, text.name, text.failure, cause, mend});
 }
 
 void Session::end(SessionSummary::End how)
@@ -334,9 +338,9 @@ void Session::end(SessionSummary::End how)
     }
     m_isEnding = true;
     m_summary.end = how;
-    m_limit.stop();
-    if (m_device != nullptr) {
-        m_summary.program = m_device->getProperty(c_currentProgram, QVariant(0)).toInt();
+    cancelTimer();
+    if (m_step == Step::Listen) { // before, it may be one that was asked for and refused
+        m_summary.program = m_wrench.device.getProperty(c_currentProgram, QVariant(0)).toInt();
     }
     // Orders are let go from a later turn: one of them may be telling us of its end.
     for (std::unique_ptr<DOrder>* order : {&m_listener, &m_run}) {
@@ -347,39 +351,32 @@ void Session::end(SessionSummary::End how)
         }
     }
     m_observer.stop();
-    hangUp();
-}
-
-void Session::hangUp()
-{
     if (m_step == Step::Open) {
-        closePort(); // nobody was called yet
-        return;
+        m_lineEnd.close(); // nobody was called yet
+    } else {
+        m_lineEnd.hangUpAndClose();
     }
-    m_run = m_workplace.host().createOrder(
-        m_workplace.driver(), QStringLiteral("write"),
-        {{QStringLiteral("frame"), c_hangUpFrame}, {QStringLiteral("timeout"), c_writeTimeoutMs}});
-    connect(m_run.get(), &DOrder::sigFinished, this, [this] {
-        m_run.release()->deleteLater();
-        closePort();
-    });
-    m_run->start(c_endingLimitMs);
-}
-
-void Session::closePort()
-{
-    m_run = m_workplace.host().createOrder(m_workplace.driver(), QStringLiteral("closeConnection"));
-    connect(m_run.get(), &DOrder::sigFinished, this, [this] {
-        m_run.release()->deleteLater();
-        finish();
-    });
-    m_run->start(c_endingLimitMs);
 }
 
 void Session::finish()
 {
-    m_summary.elapsedMs = m_sessionTime.elapsed();
+    m_summary.elapsedMs = (m_wrench.clock.nowUs() - m_startUs) / c_microsecondsPerMillisecond;
     Q_EMIT sigFinished(m_summary);
+}
+
+void Session::callAfter(int delayMs, void (Session::*then)())
+{
+    cancelTimer();
+    m_timer = m_wrench.clock.callAfter(delayMs, [this, then] {
+        m_timer = 0;
+        (this->*then)();
+    });
+}
+
+void Session::cancelTimer()
+{
+    m_wrench.clock.cancel(m_timer);
+    m_timer = 0;
 }
 
 int Session::limitMs() const
@@ -389,7 +386,7 @@ int Session::limitMs() const
 
 QString Session::driverText(const char* property) const
 {
-    return m_workplace.driver().getProperty(QLatin1String(property), QVariant()).toString();
+    return m_wrench.driver.getProperty(QLatin1String(property), QVariant()).toString();
 }
 
 QString Session::refusalOr(const QString& otherwise) const

@@ -1,59 +1,44 @@
 #pragma once
 
-#include <QElapsedTimer>
 #include <QObject>
-#include <QTimer>
 #include <QVariant>
 
 #include <memory>
-#include <optional>
+
+#include <lib_plugins_management/host/d_order.h>
+#include <lib_utilities/clock.h>
 
 #include "heard_wrenches.h"
+#include "line_end.h"
 #include "line_observer.h"
+#include "linked_device.h"
 #include "problem.h"
-#include "workplace.h"
-
-/// What a session is asked to do.
-struct SessionOrder
-{
-    QString serialId;
-    std::optional<int> program; ///< none: the wrench's selection is left alone
-    int results = 0;            ///< how many to take; 0: no end by count
-    int durationMs = 0;         ///< how long to listen; 0: no end by time
-    int stepLimitMs = 0;        ///< time limit of each step; 0: each step's own
-};
-
-struct SessionSummary
-{
-    enum class End { Count, Duration, Interrupt, Failure };
-
-    End end = End::Failure;
-    int good = 0;
-    int notGood = 0;
-    int program = 0; ///< the current one as the device plugin records it; 0: not known
-    qint64 elapsedMs = 0;
-};
+#include "session_order.h"
+#include "session_step.h"
+#include "session_summary.h"
 
 /// The main job: connect to a wrench, configure it, list its programs, select one, unlock it, and take its tightening
 /// results until a count, a time or an interruption. Whatever happens, it ends in an orderly way: what listens is
 /// stopped, the dongle hangs up, the port is closed. One session is for one run.
+///
+/// A line that is lost before the listening fails the step that needs it; while listening the driver has the time it
+/// needs to open it again.
 class Session : public QObject
 {
     Q_OBJECT
 
 public:
-    enum class Step { Open, Connect, Configure, Programs, Select, Unlock, Listen };
-    Q_ENUM(Step)
+    using Step = SessionStep;
 
-    /// The workplace is open, and outlives the session.
-    Session(Workplace& workplace, const SessionOrder& order, QObject* parent = nullptr);
+    /// The device has the commands of a wrench.
+    Session(const LinkedDevice& wrench, const SessionOrder& order, QObject* parent = nullptr);
     ~Session() override;
 
     void start();
     /// Ends the session in an orderly way. A second call changes nothing.
     void interrupt();
-
-    static QString nameOf(Step step);
+    /// The same, because of something outside the session.
+    void fail(const Problem& problem);
 
 Q_SIGNALS:
     void sigStepStarted(Session::Step step);
@@ -66,6 +51,8 @@ Q_SIGNALS:
     void sigResult(const QVariantMap& eventData);
     /// The line's state while it is in use. message: what is wrong; empty: nothing.
     void sigLink(bool isConnected, const QString& state, const QString& message);
+    /// A session that does not listen itself has come to where it would.
+    void sigReady();
     void sigFailed(const Problem& problem);
     void sigFinished(const SessionSummary& summary);
 
@@ -93,29 +80,39 @@ private:
     void takeResult(const QVariantMap& eventData);
 
     void driverChanged(const QString& property);
-    void fail(const QString& cause, Problem::Kind kind = Problem::Kind::Device);
+    void lineChanged(bool isConnected);
+    void openLimitReached();
+    void durationIsOver();
+    void lineStaysLost();
+
+    /// The step has failed, by what the device said or did.
+    void failStep(const QString& cause);
+    /// The step has failed, by what the workplace is made of. mend: empty when the cause says it.
+    void failSetUp(const QString& cause, const QString& mend);
     void end(SessionSummary::End how);
-    void hangUp();
-    void closePort();
     void finish();
+
+    void callAfter(int delayMs, void (Session::*then)());
+    void cancelTimer();
     int limitMs() const;
     QString driverText(const char* property) const;
+    /// What the line said against it in this step, else the other text.
     QString refusalOr(const QString& otherwise) const;
 
-    Workplace& m_workplace;
+    const LinkedDevice m_wrench;
     const SessionOrder m_order;
-    DAbstractPlugin* m_device = nullptr;
     LineObserver m_observer;
+    LineEnd m_lineEnd;
     HeardWrenches m_heard;
     std::unique_ptr<DOrder> m_run; // the command that the session waits for
     std::unique_ptr<DOrder> m_listener;
-    QTimer m_limit; // of opening the line, and of listening
+    Clock::TimerId m_timer = 0; // of opening the line, of a lost line, and of listening
     QVariantList m_programs;
     int m_presetsRead = 0;
     Step m_step = Step::Open;
-    QElapsedTimer m_stepTime;
-    QElapsedTimer m_sessionTime;
+    qint64 m_stepStartUs = 0;
+    qint64 m_startUs = 0;
     SessionSummary m_summary;
     bool m_isEnding = false;
-    bool m_wasConnected = false;
+    bool m_isLineInTrouble = false;
 };

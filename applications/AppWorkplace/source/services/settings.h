@@ -14,4 +14,7 @@ struct Settings
     QJsonObject driver;                         ///< settings of the driver plugin: "baudRate", "parity", …
 
     bool isSimulated() const { return port == QLatin1String("simulated"); }
+
+    /// The wrench to work with: the one that is named, else the simulator's own; empty: none.
+    QString wrench() const { return serialId.isEmpty() && isSimulated() ? QStringLiteral("2210") : serialId; }
 };

@@ -25,9 +25,14 @@ SimulatorProcess::SimulatorProcess(QObject* parent) : QObject(parent)
             Q_EMIT sigFailed(QStringLiteral("%1 does not start: %2").arg(m_process.program(), m_process.errorString()));
         }
     });
-    connect(&m_process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), this, [this] {
-        Q_EMIT sigFailed(m_lastWords.isEmpty() ? QStringLiteral("the simulator has ended") : m_lastWords);
-    });
+    connect(&m_process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), this,
+            [this](int exitStatus, QProcess::ExitStatus how) {
+                const QString end = how == QProcess::CrashExit
+                                        ? QStringLiteral("its process crashed or was killed")
+                                        : QStringLiteral("its process ended with the exit status %1").arg(exitStatus);
+                Q_EMIT sigFailed(m_lastWords.isEmpty() ? end
+                                                       : QStringLiteral("%1 and the words: %2").arg(end, m_lastWords));
+            });
 }
 
 SimulatorProcess::~SimulatorProcess()

@@ -17,9 +17,9 @@ public:
     void start(const QString& serialId);
 
 Q_SIGNALS:
-    /// The simulated line is there.
+    /// The simulated line is there, on that port.
     void sigReady(const QString& port);
-    /// It could not start, or has ended before its time.
+    /// It could not start, or has ended before its time. The line is gone then.
     void sigFailed(const QString& cause);
 
 private:

@@ -61,9 +61,50 @@ QString Workplace::pluginFolder(const Settings& settings)
     return settings.pluginFolder.isEmpty() ? defaultPluginFolder() : settings.pluginFolder;
 }
 
-void Workplace::loadPlugins()
+std::optional<Problem> Workplace::loadPlugins()
 {
     m_plugins.loadFolder(pluginFolder(m_settings));
+    for (const Role role : {Role::Driver, Role::Device}) {
+        if (rootsOf(role).isEmpty()) {
+            return Problem{Problem::Kind::SetUp, QStringLiteral("open"),
+                           role == Role::Driver ? QStringLiteral("there is no driver plugin")
+                                                : QStringLiteral("there is no device plugin"),
+                           QStringLiteral("none could be loaded from %1").arg(pluginFolder(m_settings)),
+                           QStringLiteral("name the folder of the plugins with --plugins")};
+        }
+    }
+    return std::nullopt;
+}
+
+QList<const DAbstractPlugin*> Workplace::rootsOf(Role role) const
+{
+    QList<const DAbstractPlugin*> roots;
+    for (const DAbstractPlugin* root : m_plugins.roots()) {
+        if (root->pluginType() == (role == Role::Driver ? c_driverType : c_deviceType)) {
+            roots.append(root);
+        }
+    }
+    return roots;
+}
+
+const DAbstractPlugin* Workplace::rootWith(const QString& command, Role role) const
+{
+    const QList<const DAbstractPlugin*> roots = rootsOf(role);
+    const auto found = std::find_if(roots.cbegin(), roots.cend(), [&](const DAbstractPlugin* root) {
+        return root->commandNames().contains(command);
+    });
+    return found == roots.cend() ? nullptr : *found;
+}
+
+DAbstractPlugin* Workplace::instanceOf(const DAbstractPlugin& root) const
+{
+    if (m_driver != nullptr && m_driver->pluginUuid() == root.pluginUuid()) {
+        return m_driver;
+    }
+    const auto found = std::find_if(m_devices.cbegin(), m_devices.cend(), [&](const DAbstractPlugin* device) {
+        return device->pluginUuid() == root.pluginUuid();
+    });
+    return found == m_devices.cend() ? nullptr : *found;
 }
 
 void Workplace::open()
@@ -75,18 +116,14 @@ void Workplace::open()
     m_simulator = std::make_unique<SimulatorProcess>();
     connect(m_simulator.get(), &SimulatorProcess::sigReady, this, &Workplace::makeInstances);
     connect(m_simulator.get(), &SimulatorProcess::sigFailed, this, [this](const QString& cause) {
-        fail(QStringLiteral("the simulated wrench is not there"), cause,
-             QStringLiteral("build or install wrench_simulator beside this program, or name a port with --port"));
+        if (m_portInUse.isEmpty()) {
+            fail(QStringLiteral("the simulated wrench is not there"), cause,
+                 QStringLiteral("build or install wrench_simulator beside this program, or name a port with --port"));
+        } else {
+            fail(QStringLiteral("the simulated wrench has gone"), cause, QStringLiteral("start again"));
+        }
     });
     m_simulator->start(m_settings.serialId);
-}
-
-DAbstractPlugin* Workplace::deviceWith(const QString& command) const
-{
-    const auto found = std::find_if(m_devices.cbegin(), m_devices.cend(), [&](const DAbstractPlugin* device) {
-        return device->commandNames().contains(command);
-    });
-    return found == m_devices.cend() ? nullptr : *found;
 }
 
 void Workplace::makeInstances(const QString& port)
@@ -98,29 +135,22 @@ void Workplace::makeInstances(const QString& port)
              QStringLiteral("move it away, or name another folder with --data"));
         return;
     }
-    for (const DAbstractPlugin* root : m_plugins.roots()) {
-        if (root->pluginType() == c_driverType && m_driver == nullptr) {
-            QJsonObject section = m_settings.driver;
-            section.insert(QStringLiteral("port"), port);
-            if (!m_settings.traceFile.isEmpty()) {
-                section.insert(QStringLiteral("trace"), m_settings.traceFile);
-            }
-            auto configuration = QSharedPointer<QJsonObject>::create();
-            configuration->insert(root->pluginUuid().toString(), section);
-            m_driver = m_host.createInstance(*root, QUuid::createUuid(), configuration);
-        }
+    QJsonObject section = m_settings.driver;
+    section.insert(QStringLiteral("port"), port);
+    if (!m_settings.traceFile.isEmpty()) {
+        section.insert(QStringLiteral("trace"), m_settings.traceFile);
     }
-    for (const DAbstractPlugin* root : m_plugins.roots()) {
-        if (root->pluginType() == c_deviceType) {
-            if (DAbstractPlugin* device = m_host.createInstance(*root, QUuid::createUuid(), m_store.configuration())) {
-                m_devices.append(device);
-            }
-        }
+    const DAbstractPlugin& driver = *rootsOf(Role::Driver).first();
+    auto configuration = QSharedPointer<QJsonObject>::create();
+    configuration->insert(driver.pluginUuid().toString(), section);
+    m_driver = m_host.createInstance(driver, QUuid::createUuid(), configuration);
+    const QList<const DAbstractPlugin*> devices = rootsOf(Role::Device);
+    for (const DAbstractPlugin* root : devices) {
+        m_devices.append(m_host.createInstance(*root, QUuid::createUuid(), m_store.configuration()));
     }
-    if (m_driver == nullptr || m_devices.isEmpty()) {
-        fail(m_driver == nullptr ? QStringLiteral("there is no driver plugin")
-                                 : QStringLiteral("there is no device plugin"),
-             QStringLiteral("none was loaded"), QStringLiteral("check the folder of the plugins with --plugins"));
+    if (m_driver == nullptr || m_devices.contains(nullptr)) {
+        fail(QStringLiteral("a plugin makes no instance for this workplace"), {},
+             QStringLiteral("name another folder with --plugins"));
         return;
     }
     for (const DAbstractPlugin* device : qAsConst(m_devices)) {

@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 #include <lib_plugins_management/host/d_host.h>
 #include <lib_plugins_management/host/d_plugin_loader.h>
@@ -21,36 +22,43 @@ class Workplace : public QObject
     Q_OBJECT
 
 public:
+    enum class Role { Device, Driver };
+
     explicit Workplace(const Settings& settings, QObject* parent = nullptr);
     ~Workplace() override;
 
     /// The folder that the plugins are loaded from.
     static QString pluginFolder(const Settings& settings);
 
-    /// Loads the plugins. What is refused is in plugins().refusals(); the others are there.
-    void loadPlugins();
+    /// Loads the plugins. What is refused is in plugins().refusals(); the others are there. A problem when they are
+    /// not enough to work with.
+    std::optional<Problem> loadPlugins();
     const DPluginLoader& plugins() const { return m_plugins; }
+    /// The first plugin of that role with the command; null when there is none.
+    const DAbstractPlugin* rootWith(const QString& command, Role role) const;
 
     /// Makes the devices and their driver, and for a simulated line its simulator first. Answers with sigOpened or
     /// sigFailed from a later turn of the event loop. The line itself is opened by its first use.
     void open();
 
     DHost& host() { return m_host; }
+    Clock& clock() { return m_clock; }
     const Settings& settings() const { return m_settings; }
     /// The port in use: that of the simulator when the line is simulated.
     QString portInUse() const { return m_portInUse; }
     DAbstractPlugin& driver() const { return *m_driver; }
-    /// Null when no device has that command.
-    DAbstractPlugin* deviceWith(const QString& command) const;
-    const QList<DAbstractPlugin*>& devices() const { return m_devices; }
+    /// The working instance of a plugin; null before the workplace is open.
+    DAbstractPlugin* instanceOf(const DAbstractPlugin& root) const;
 
 Q_SIGNALS:
     void sigOpened();
+    /// It could not be opened, or is no longer open.
     void sigFailed(const Problem& problem);
     /// Something that a person should know and that stops nothing.
     void sigNotice(const QString& text);
 
 private:
+    QList<const DAbstractPlugin*> rootsOf(Role role) const;
     void makeInstances(const QString& port);
     void fail(const QString& what, const QString& cause, const QString& mend);
     void saveDevice();

@@ -1,0 +1,153 @@
+#pragma once
+
+#include <QCoreApplication>
+
+#include <memory>
+
+#include <lib_plugins_management/host/d_host.h>
+
+#include "manual_clock.h"
+#include "scripted_plugin.h"
+#include "services/session.h"
+
+/// A session with a scripted device and driver in one process: no terminal, no wrench, and a clock turned by hand.
+class SessionFixture
+{
+public:
+    explicit SessionFixture(const SessionOrder& order = defaultOrder())
+        : host(clock)
+        , device(make(QStringLiteral("device"), deviceReactions()))
+        , driver(make(QStringLiteral("driver"), driverReactions()))
+        , session(std::make_unique<Session>(LinkedDevice{host, clock, *device, *driver}, order))
+    {
+        driver->setReaction(QStringLiteral("listenEventsData"), {Reaction::Kind::Silence, {}, [this] { openLine(); }});
+        QObject::connect(session.get(), &Session::sigStepDone, [this](Session::Step step, qint64 elapsedMs) {
+            events.append(QStringLiteral("done %1 %2").arg(textOf(step).name).arg(elapsedMs));
+        });
+        QObject::connect(session.get(), &Session::sigReady, [this] { events.append(QStringLiteral("ready")); });
+        QObject::connect(session.get(), &Session::sigResult, [this](const QVariantMap& eventData) {
+            events.append(QStringLiteral("result %1").arg(eventData.value(QStringLiteral("readingNumber")).toString()));
+        });
+        QObject::connect(session.get(), &Session::sigLink,
+                         [this](bool isConnected, const QString& state, const QString& message) {
+                             const QString word = isConnected ? QStringLiteral("up") : QStringLiteral("down");
+                             events.append(QStringLiteral("link %1 %2 %3").arg(word, state, message).trimmed());
+                         });
+        QObject::connect(session.get(), &Session::sigFailed, [this](const Problem& told) {
+            problem = told;
+            ++problems;
+        });
+        QObject::connect(session.get(), &Session::sigFinished, [this](const SessionSummary& told) {
+            summary = told;
+            ++ends;
+        });
+    }
+
+    static SessionOrder defaultOrder()
+    {
+        SessionOrder order;
+        order.serialId = QStringLiteral("2210");
+        order.program = 2;
+        return order;
+    }
+
+    /// The session goes as far as it does without the clock.
+    void start()
+    {
+        session->start();
+        turn();
+    }
+    /// Everything that waits for a turn of the event loop is done.
+    static void turn()
+    {
+        constexpr int c_turns = 60; // a session takes about twenty
+        for (int i = 0; i < c_turns; ++i) {
+            QCoreApplication::processEvents();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+    }
+    void advance(int ms)
+    {
+        clock.advance(ms);
+        turn();
+    }
+
+    void openLine() { setLine(QString(), QStringLiteral("open"), true); }
+    void loseLine() { setLine(QStringLiteral("The port went away: plug it in."), QStringLiteral("lost"), false); }
+    /// In the order in which the driver tells.
+    void setLine(const QString& error, const QString& state, bool isConnected)
+    {
+        driver->setProperty(QStringLiteral("lineError"), error, false);
+        driver->setProperty(QStringLiteral("lineState"), state, false);
+        driver->setProperty(QStringLiteral("connected"), isConnected, false);
+    }
+    void say(const QByteArray& bytes)
+    {
+        driver->publish(QStringLiteral("listenEventsData"), {{QStringLiteral("frame"), bytes}});
+    }
+    void tighten(int number, const QString& status = QStringLiteral("0"))
+    {
+        device->publish(QStringLiteral("listenEventsData"),
+                        {{QStringLiteral("eventData"), QVariantMap{{QStringLiteral("readingNumber"), number},
+                                                                   {QStringLiteral("torqueStatus"), status},
+                                                                   {QStringLiteral("angleStatus"), QStringLiteral("0")},
+                                                                   {QStringLiteral("readingStatus"), status}}}});
+        turn();
+    }
+    void answer(const char* command, const QMap<QString, QVariant>& results)
+    {
+        device->setReaction(QLatin1String(command), {Reaction::Kind::Answer, results, {}});
+    }
+    void react(const QString& command, Reaction::Kind kind) { device->setReaction(command, {kind, {}, {}}); }
+
+    /// How the talk ended: from the first entry with that text on.
+    QStringList talkFrom(const QString& entry) const { return talk.mid(talk.indexOf(entry)); }
+
+    ManualClock clock;
+    DHost host;
+    QStringList talk;
+    ScriptedPlugin* device; // owned by the host
+    ScriptedPlugin* driver; // owned by the host
+    std::unique_ptr<Session> session;
+
+    QStringList events;
+    Problem problem;
+    SessionSummary summary;
+    int problems = 0;
+    int ends = 0;
+
+private:
+    static QMap<QString, Reaction> deviceReactions()
+    {
+        const QMap<QString, QVariant> success{{QStringLiteral("cmd_success"), true}};
+        const auto program = [](int id) { return QVariantMap{{QStringLiteral("progId"), id}}; };
+        const QVariantList programs{program(1), program(2), program(3)};
+        const auto preset = QVariantMap{{QStringLiteral("unit"), QStringLiteral("N.m")}};
+        QMap<QString, Reaction> reactions;
+        for (const char* command : {"searchAndConnect", "sendInitConfig", "setLock", "setKeepAliveFonction"}) {
+            reactions.insert(QLatin1String(command), {Reaction::Kind::Answer, success, {}});
+        }
+        reactions.insert(QStringLiteral("listProgram"),
+                         {Reaction::Kind::Answer, {{QStringLiteral("programList"), programs}}, {}});
+        reactions.insert(QStringLiteral("getPresetData"),
+                         {Reaction::Kind::Answer, {{QStringLiteral("presetData"), preset}}, {}});
+        reactions.insert(QStringLiteral("setProgram"),
+                         {Reaction::Kind::Answer,
+                          {{QStringLiteral("cmd_success"), true}, {QStringLiteral("presetData"), preset}},
+                          {}});
+        reactions.insert(QStringLiteral("listenEventsData"), {});
+        return reactions;
+    }
+    static QMap<QString, Reaction> driverReactions()
+    {
+        const QMap<QString, QVariant> success{{QStringLiteral("cmd_success"), true}};
+        return {{QStringLiteral("listenEventsData"), {}},
+                {QStringLiteral("write"), {Reaction::Kind::Answer, success, {}}},
+                {QStringLiteral("closeConnection"), {Reaction::Kind::Answer, success, {}}}};
+    }
+    ScriptedPlugin* make(const QString& name, const QMap<QString, Reaction>& reactions)
+    {
+        const ScriptedPlugin root(name, reactions, &talk);
+        return static_cast<ScriptedPlugin*>(host.createInstance(root, QUuid::createUuid()));
+    }
+};

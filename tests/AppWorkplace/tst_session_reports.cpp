@@ -1,0 +1,397 @@
+#include <QtTest>
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <cstdio>
+#include <memory>
+
+#include "cli/session_json_report.h"
+#include "cli/session_text_report.h"
+
+namespace {
+
+QVariantMap eventData(const QString& torqueStatus)
+{
+    return {{QStringLiteral("convertedTorque"), QStringLiteral("12.05")},
+            {QStringLiteral("direction"), QStringLiteral("0")},
+            {QStringLiteral("torqueStatus"), torqueStatus},
+            {QStringLiteral("snugTorqueAngle"), QStringLiteral("90")},
+            {QStringLiteral("angleStatus"), QStringLiteral("0")},
+            {QStringLiteral("readingNumber"), QStringLiteral("17")},
+            {QStringLiteral("readingStatus"), QStringLiteral("0")},
+            {QStringLiteral("eventCountNo"), 21},
+            {QStringLiteral("progId"), 2}};
+}
+
+QVariantMap wrench(const QString& serialId)
+{
+    return {{QStringLiteral("mac"), QStringLiteral("AA:01")},
+            {QStringLiteral("sn"), serialId},
+            {QStringLiteral("rssi"), QStringLiteral("-58")}};
+}
+
+QVariantList programs()
+{
+    const QVariantMap preset{{QStringLiteral("unit"), QStringLiteral("N.m")}};
+    return {QVariantMap{{QStringLiteral("progId"), 1},
+                        {QStringLiteral("TRQ"), QStringLiteral("12")},
+                        {QStringLiteral("ANG"), QStringLiteral("90")},
+                        {QStringLiteral("presetData"), preset}},
+            QVariantMap{{QStringLiteral("progId"), 2},
+                        {QStringLiteral("TRQ"), QStringLiteral("118")},
+                        {QStringLiteral("ANG"), QStringLiteral("105")},
+                        {QStringLiteral("presetData"), preset}}};
+}
+
+SessionSummary summaryOf(int good, int notGood, int program)
+{
+    SessionSummary summary;
+    summary.end = SessionSummary::End::Count;
+    summary.good = good;
+    summary.notGood = notGood;
+    summary.program = program;
+    summary.elapsedMs = 1234;
+    return summary;
+}
+
+/// A report that writes into a file.
+template <class Report>
+class Written
+{
+public:
+    explicit Written(bool isJson)
+        : m_file(std::tmpfile()), m_console(m_file, stderr, isJson), report(m_console, QStringLiteral("2210"))
+    {}
+    ~Written() { std::fclose(m_file); }
+
+    QStringList lines() const
+    {
+        QByteArray bytes(int(std::ftell(m_file)), '\0');
+        std::rewind(m_file);
+        const std::size_t size = std::fread(bytes.data(), 1, std::size_t(bytes.size()), m_file);
+        QStringList lines = QString::fromUtf8(bytes.left(int(size))).split(QLatin1Char('\n'));
+        lines.removeLast(); // behind the last line end
+        return lines;
+    }
+    /// The only line, as an object without its time.
+    QJsonObject object() const
+    {
+        const QStringList all = lines();
+        QJsonObject object = QJsonDocument::fromJson(all.value(0).toUtf8()).object();
+        object.remove(QStringLiteral("time"));
+        return all.size() == 1 ? object : QJsonObject();
+    }
+
+private:
+    Q_DISABLE_COPY(Written)
+    std::FILE* m_file;
+    Console m_console;
+
+public:
+    Report report;
+};
+
+class WrittenText : public Written<SessionTextReport>
+{
+public:
+    WrittenText() : Written(false) {}
+};
+
+class WrittenJson : public Written<SessionJsonReport>
+{
+public:
+    WrittenJson() : Written(true) {}
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(Session::Step)
+
+class TestSessionReports : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void tellsThePort();
+    void tellsASimulatedPort();
+    void tellsAStepWithItsTime();
+    void tellsAWrenchOnce();
+    void tellsTheProgramsAsATable();
+    void tellsTheSelectedProgram();
+    void tellsThatItListens();
+    void tellsResultsUnderTheirTitles();
+    void tellsABadResult();
+    void showsControlCharactersOfTheWrench();
+    void tellsALostLineAndItsReturn();
+    void tellsNothingOfTheFirstOpening();
+    void sumsUp_data();
+    void sumsUp();
+    void saysThatTheProgramWasNotSelected();
+
+    void writesTheScan();
+    void writesAStep_data();
+    void writesAStep();
+    void writesNothingForOtherSteps();
+    void writesThePrograms();
+    void writesTheSelection();
+    void writesAResultUnchanged();
+    void writesTheLink();
+    void writesTheSummary();
+    void writesNoProgramThatIsNotKnown();
+    void forgetsWhatAFailedStepHasFound();
+};
+
+void TestSessionReports::tellsThePort()
+{
+    WrittenText text;
+    text.report.opened(QStringLiteral("/dev/x"), false);
+    QCOMPARE(text.lines(), QStringList{QStringLiteral("Session with the wrench 2210 on /dev/x")});
+}
+
+void TestSessionReports::tellsASimulatedPort()
+{
+    WrittenText text;
+    text.report.opened(QStringLiteral("/dev/x"), true);
+    QCOMPARE(text.lines(), QStringList{QStringLiteral("Session with the wrench 2210 on /dev/x (simulated)")});
+}
+
+void TestSessionReports::tellsAStepWithItsTime()
+{
+    WrittenText text;
+    text.report.stepStarted(Session::Step::Configure);
+    text.report.stepDone(Session::Step::Configure, 1234);
+    QCOMPARE(text.lines(),
+             QStringList{QStringLiteral("  configure  locked, results switched on                       1.23 s")});
+}
+
+void TestSessionReports::tellsAWrenchOnce()
+{
+    WrittenText text;
+    text.report.wrenchesHeard({wrench(QStringLiteral("1"))});
+    text.report.wrenchesHeard({wrench(QStringLiteral("2")), wrench(QStringLiteral("1"))});
+    QCOMPARE(text.lines(), (QStringList{QStringLiteral("             heard 1 (AA:01, -58 dBm)"),
+                                        QStringLiteral("             heard 2 (AA:01, -58 dBm)")}));
+}
+
+void TestSessionReports::tellsTheProgramsAsATable()
+{
+    WrittenText text;
+    text.report.programs(programs());
+    text.report.stepDone(Session::Step::Programs, 100);
+    QCOMPARE(text.lines(),
+             (QStringList{QStringLiteral("             program  unit  target torque  angle"),
+                          QStringLiteral("                   1  N.m              12     90"),
+                          QStringLiteral("                   2  N.m             118    105"),
+                          QStringLiteral("  programs   2 programs                                        0.10 s")}));
+}
+
+void TestSessionReports::tellsTheSelectedProgram()
+{
+    WrittenText text;
+    text.report.selected(2, {});
+    text.report.stepDone(Session::Step::Select, 30);
+    QCOMPARE(text.lines(),
+             QStringList{QStringLiteral("  select     program 2                                         0.03 s")});
+}
+
+void TestSessionReports::tellsThatItListens()
+{
+    WrittenText text;
+    text.report.stepStarted(Session::Step::Listen);
+    QCOMPARE(text.lines(), QStringList{QStringLiteral("  listen     waiting for results; Ctrl-C ends the session")});
+}
+
+void TestSessionReports::tellsResultsUnderTheirTitles()
+{
+    WrittenText text;
+    text.report.result(eventData(QStringLiteral("0")));
+    text.report.result(eventData(QStringLiteral("0")));
+    QCOMPARE(
+        text.lines(),
+        (QStringList{
+            QString(), QStringLiteral("   #    torque  status  direction  angle  status  reading  status  program"),
+            QStringLiteral("   1     12.05       0          0     90       0       17       0        2  good"),
+            QStringLiteral("   2     12.05       0          0     90       0       17       0        2  good")}));
+}
+
+void TestSessionReports::tellsABadResult()
+{
+    WrittenText text;
+    text.report.result(eventData(QStringLiteral("2")));
+    QCOMPARE(text.lines().last(),
+             QStringLiteral("   1     12.05       2          0     90       0       17       0        2  NOT GOOD"));
+}
+
+void TestSessionReports::showsControlCharactersOfTheWrench()
+{
+    WrittenText text;
+    text.report.result({{QStringLiteral("convertedTorque"), QStringLiteral("\x1b[2J")}});
+    text.report.wrenchesHeard({wrench(QStringLiteral("\x1b[2J"))});
+    text.report.link(false, QStringLiteral("lost"), QStringLiteral("\x1b[2J"));
+    QCOMPARE(text.lines().join(QString()).count(QStringLiteral("\\x1b[2J")), 3);
+    QVERIFY(!text.lines().join(QString()).contains(QChar(0x1b)));
+}
+
+void TestSessionReports::tellsALostLineAndItsReturn()
+{
+    WrittenText text;
+    text.report.link(false, QStringLiteral("lost"), QStringLiteral("The port went away."));
+    text.report.link(true, QStringLiteral("open"), QString());
+    QCOMPARE(text.lines(), (QStringList{QStringLiteral("  link       lost: The port went away."),
+                                        QStringLiteral("  link       the line is open again")}));
+}
+
+void TestSessionReports::tellsNothingOfTheFirstOpening()
+{
+    WrittenText text;
+    text.report.link(true, QStringLiteral("open"), QString());
+    QCOMPARE(text.lines(), QStringList());
+}
+
+void TestSessionReports::sumsUp_data()
+{
+    QTest::addColumn<int>("good");
+    QTest::addColumn<int>("notGood");
+    QTest::addColumn<QString>("line");
+    QTest::newRow("none") << 0 << 0 << "No result; 1.23 s; program 2";
+    QTest::newRow("one") << 1 << 0 << "1 result: 1 good, 0 not good; 1.23 s; program 2";
+    QTest::newRow("several") << 4 << 1 << "5 results: 4 good, 1 not good; 1.23 s; program 2";
+}
+
+void TestSessionReports::sumsUp()
+{
+    QFETCH(int, good);
+    QFETCH(int, notGood);
+    QFETCH(QString, line);
+    WrittenText text;
+    text.report.selected(2, {});
+    text.report.summary(summaryOf(good, notGood, 2));
+    QCOMPARE(text.lines(), QStringList{line});
+}
+
+void TestSessionReports::saysThatTheProgramWasNotSelected()
+{
+    WrittenText text;
+    text.report.summary(summaryOf(1, 0, 3));
+    QCOMPARE(text.lines(),
+             QStringList{QStringLiteral(
+                 "1 result: 1 good, 0 not good; 1.23 s; program 3 (the last one listed; none was selected)")});
+}
+
+void TestSessionReports::writesTheScan()
+{
+    WrittenJson json;
+    json.report.wrenchesHeard({wrench(QStringLiteral("1"))});
+    QCOMPARE(json.object(), (QJsonObject{{QStringLiteral("event"), QStringLiteral("scan")},
+                                         {QStringLiteral("serialId"), QStringLiteral("2210")},
+                                         {QStringLiteral("wrenches"),
+                                          QJsonArray{QJsonObject::fromVariantMap(wrench(QStringLiteral("1")))}}}));
+}
+
+void TestSessionReports::writesAStep_data()
+{
+    QTest::addColumn<Session::Step>("step");
+    QTest::addColumn<QString>("event");
+    QTest::newRow("connect") << Session::Step::Connect << "connected";
+    QTest::newRow("configure") << Session::Step::Configure << "configured";
+}
+
+void TestSessionReports::writesAStep()
+{
+    QFETCH(Session::Step, step);
+    QFETCH(QString, event);
+    WrittenJson json;
+    json.report.stepDone(step, 240);
+    QCOMPARE(json.object(), (QJsonObject{{QStringLiteral("event"), event},
+                                         {QStringLiteral("serialId"), QStringLiteral("2210")},
+                                         {QStringLiteral("elapsedMs"), 240}}));
+}
+
+void TestSessionReports::writesNothingForOtherSteps()
+{
+    WrittenJson json;
+    json.report.opened(QStringLiteral("/dev/x"), true);
+    json.report.stepDone(Session::Step::Open, 1);
+    json.report.stepDone(Session::Step::Unlock, 1);
+    json.report.stepStarted(Session::Step::Listen);
+    QCOMPARE(json.lines(), QStringList());
+}
+
+void TestSessionReports::writesThePrograms()
+{
+    WrittenJson json;
+    json.report.programs(programs());
+    json.report.stepDone(Session::Step::Programs, 240);
+    QCOMPARE(json.object(), (QJsonObject{{QStringLiteral("event"), QStringLiteral("programs")},
+                                         {QStringLiteral("serialId"), QStringLiteral("2210")},
+                                         {QStringLiteral("programs"), QJsonArray::fromVariantList(programs())},
+                                         {QStringLiteral("elapsedMs"), 240}}));
+}
+
+void TestSessionReports::writesTheSelection()
+{
+    WrittenJson json;
+    json.report.selected(2, {{QStringLiteral("torque"), 1800}});
+    json.report.stepDone(Session::Step::Select, 240);
+    QCOMPARE(json.object(), (QJsonObject{{QStringLiteral("event"), QStringLiteral("selected")},
+                                         {QStringLiteral("serialId"), QStringLiteral("2210")},
+                                         {QStringLiteral("progId"), 2},
+                                         {QStringLiteral("presetData"), QJsonObject{{QStringLiteral("torque"), 1800}}},
+                                         {QStringLiteral("elapsedMs"), 240}}));
+}
+
+void TestSessionReports::writesAResultUnchanged()
+{
+    const QVariantMap data = eventData(QStringLiteral("\x1b 1"));
+    WrittenJson json;
+    json.report.result(data);
+    QCOMPARE(json.object(), (QJsonObject{{QStringLiteral("event"), QStringLiteral("result")},
+                                         {QStringLiteral("serialId"), QStringLiteral("2210")},
+                                         {QStringLiteral("eventData"), QJsonObject::fromVariantMap(data)},
+                                         {QStringLiteral("good"), false}}));
+}
+
+void TestSessionReports::writesTheLink()
+{
+    WrittenJson json;
+    json.report.link(false, QStringLiteral("lost"), QStringLiteral("The port went away."));
+    QCOMPARE(json.object(), (QJsonObject{{QStringLiteral("event"), QStringLiteral("link")},
+                                         {QStringLiteral("serialId"), QStringLiteral("2210")},
+                                         {QStringLiteral("connected"), false},
+                                         {QStringLiteral("state"), QStringLiteral("lost")},
+                                         {QStringLiteral("message"), QStringLiteral("The port went away.")}}));
+}
+
+void TestSessionReports::writesTheSummary()
+{
+    WrittenJson json;
+    json.report.summary(summaryOf(4, 1, 2));
+    QCOMPARE(json.object(), (QJsonObject{{QStringLiteral("event"), QStringLiteral("summary")},
+                                         {QStringLiteral("serialId"), QStringLiteral("2210")},
+                                         {QStringLiteral("results"), 5},
+                                         {QStringLiteral("good"), 4},
+                                         {QStringLiteral("notGood"), 1},
+                                         {QStringLiteral("progId"), 2},
+                                         {QStringLiteral("endedBy"), QStringLiteral("count")},
+                                         {QStringLiteral("elapsedMs"), 1234}}));
+}
+
+void TestSessionReports::writesNoProgramThatIsNotKnown()
+{
+    WrittenJson json;
+    json.report.summary(summaryOf(0, 0, 0));
+    QVERIFY(!json.object().contains(QStringLiteral("progId")));
+}
+
+void TestSessionReports::forgetsWhatAFailedStepHasFound()
+{
+    WrittenJson json;
+    json.report.programs(programs());
+    json.report.failed();
+    json.report.stepDone(Session::Step::Connect, 1);
+    QVERIFY(!json.object().contains(QStringLiteral("programs")));
+}
+
+QTEST_GUILESS_MAIN(TestSessionReports)
+#include "tst_session_reports.moc"
