@@ -1,5 +1,6 @@
 # workplace_host_library(<target> EXPORT_NAME <name>): what the host's two libraries share: include folders, file names,
 # versions, and their installation as a CMake package of the target's own name with the target Workplace::<name>.
+# Two components: "libraries" is what runs, "development" is what else a plugin is built with.
 
 include(CMakePackageConfigHelpers)
 
@@ -24,10 +25,14 @@ function(workplace_host_library target)
 
   set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/${target}")
   install(TARGETS ${target} EXPORT ${target}Targets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+      COMPONENT libraries
+      NAMELINK_COMPONENT development)
   install(DIRECTORY include/ "${CMAKE_CURRENT_BINARY_DIR}/include/"
-    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
-  install(EXPORT ${target}Targets NAMESPACE Workplace:: DESTINATION ${package_dir})
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+    COMPONENT development
+    FILES_MATCHING PATTERN "*.h")
+  install(EXPORT ${target}Targets NAMESPACE Workplace:: DESTINATION ${package_dir} COMPONENT development)
 
   configure_package_config_file(${target}Config.cmake.in ${target}Config.cmake
     INSTALL_DESTINATION ${package_dir})
@@ -35,5 +40,6 @@ function(workplace_host_library target)
   install(FILES
     "${CMAKE_CURRENT_BINARY_DIR}/${target}Config.cmake"
     "${CMAKE_CURRENT_BINARY_DIR}/${target}ConfigVersion.cmake"
-    DESTINATION ${package_dir})
+    DESTINATION ${package_dir}
+    COMPONENT development)
 endfunction()

@@ -1,6 +1,5 @@
+#include "command_run.h"
 #include "d_cmd_setKeepAliveFonction.h"
-
-#include "command_fixture.h"
 
 class TestDCmdSetKeepAliveFonction : public QObject
 {
@@ -10,12 +9,23 @@ private Q_SLOTS:
     void transcript_data() { addTranscriptRows(QStringLiteral(TRANSCRIPTS "/setKeepAliveFonction")); }
     void transcript() { playTranscript(); }
 
-    void neitherSendsNorPublishesWhenTheHostRefusesTheRun()
+    void whoeverHearsOfTheEndMayDeleteTheCommand()
     {
-        CommandFixture<DCmdSetKeepAliveFonction> fixture({{QStringLiteral("serialId"), QStringLiteral("2210")}});
-        fixture.order.accepts = false;
-        QVERIFY(!fixture.command->commandExecute());
-        QVERIFY(fixture.order.events().isEmpty());
+        CommandRun<DCmdSetKeepAliveFonction> run;
+        QVERIFY(run.execute());
+        connect(run.command, &DAbstractCommand::sigCommandFinished, this, [&] { run.held.reset(); });
+        QVERIFY(run.answer(0, {}));
+        QVERIFY(run.held.isNull());
+        QCOMPARE(run.order.ends(), QVector<bool>{true});
+    }
+
+    void finishLeavesTheFlagAsItIs()
+    {
+        CommandRun<DCmdSetKeepAliveFonction> run;
+        QVERIFY(run.execute());
+        bool ok = false;
+        QVERIFY(run.command->finishTheCommand(ok));
+        QCOMPARE(run.order.ends(), QVector<bool>{false});
     }
 };
 

@@ -5,10 +5,25 @@ namespace {
 
 using SetLockRun = CommandRun<DCmdSetLock>;
 
-const QVariantMap c_toLock{{QStringLiteral("lock"), true}};
-const QVariantMap c_toUnlock{{QStringLiteral("lock"), false}};
-const QVariantMap c_done{{QStringLiteral("cmd_success"), true}};
-const QVariantMap c_failed{{QStringLiteral("cmd_success"), false}};
+QVariantMap toLock()
+{
+    return {{QStringLiteral("lock"), true}};
+}
+
+QVariantMap toUnlock()
+{
+    return {{QStringLiteral("lock"), false}};
+}
+
+QVariantMap done()
+{
+    return {{QStringLiteral("cmd_success"), true}};
+}
+
+QVariantMap failed()
+{
+    return {{QStringLiteral("cmd_success"), false}};
+}
 
 } // namespace
 
@@ -35,7 +50,7 @@ private Q_SLOTS:
     void aFreshCommandIsOfTheSameClassAndPlugin()
     {
         SetLockRun prototype;
-        const auto fresh = prototype.command->createCommand(c_toLock);
+        const auto fresh = prototype.command->createCommand(toLock());
         auto* object = dynamic_cast<DCmdSetLock*>(fresh.data());
         QVERIFY(object != nullptr);
         QCOMPARE(object->parent(), &prototype.plugin);
@@ -44,8 +59,8 @@ private Q_SLOTS:
     void aFreshCommandHasTheGivenParametersAndTheSameDeclarations()
     {
         SetLockRun prototype;
-        const auto fresh = prototype.command->createCommand(c_toLock);
-        QCOMPARE(fresh->commandArguments(), c_toLock);
+        const auto fresh = prototype.command->createCommand(toLock());
+        QCOMPARE(fresh->commandArguments(), toLock());
         QCOMPARE(fresh->fullDescription(), prototype.command->fullDescription());
     }
 
@@ -57,7 +72,7 @@ private Q_SLOTS:
 
     void aRefusedRunDoesNothing()
     {
-        SetLockRun run(c_toLock);
+        SetLockRun run(toLock());
         run.order.accepts = false;
         QVERIFY(!run.execute());
         QVERIFY(run.order.events().isEmpty());
@@ -67,7 +82,7 @@ private Q_SLOTS:
     {
         RecordingOrder order;
         QObject stranger;
-        DCmdSetLock command(c_toLock, &stranger);
+        DCmdSetLock command(toLock(), &stranger);
         command.linkWithItsOrder(&order);
         QVERIFY(!command.commandExecute());
         QVERIFY(order.events().isEmpty());
@@ -103,7 +118,7 @@ private Q_SLOTS:
 
     void oneWriteGoesToTheDriverAndItsAnswerIsAwaited()
     {
-        SetLockRun run(c_toLock);
+        SetLockRun run(toLock());
         QVERIFY(run.execute());
         QCOMPARE(run.order.events().size(), 1);
         const DInstruction sent = run.order.instructions().constFirst();
@@ -115,7 +130,7 @@ private Q_SLOTS:
 
     void theMapHasExactlyFrameAndTimeout()
     {
-        SetLockRun run(c_toLock);
+        SetLockRun run(toLock());
         QVERIFY(run.execute());
         const QVariantMap map = run.order.instructions().constFirst().parameters;
         QCOMPARE(map.keys(), QStringList({QStringLiteral("frame"), QStringLiteral("timeout")}));
@@ -126,7 +141,7 @@ private Q_SLOTS:
 
     void theRunIsStartedEvenWhenTheInstructionIsRefused()
     {
-        SetLockRun run(c_toLock);
+        SetLockRun run(toLock());
         run.order.refusesInstructions = true;
         QVERIFY(run.execute());
         QVERIFY(run.order.ends().isEmpty());
@@ -134,7 +149,7 @@ private Q_SLOTS:
 
     void nothingIsPublishedBeforeTheAnswer()
     {
-        SetLockRun run(c_toLock);
+        SetLockRun run(toLock());
         QVERIFY(run.execute());
         QVERIFY(run.order.published().isEmpty());
         QVERIFY(!run.hasProperty("lock"));
@@ -142,18 +157,18 @@ private Q_SLOTS:
 
     void anAnswerIsTakenAndThenTheRunHasEnded()
     {
-        SetLockRun run(c_toLock);
+        SetLockRun run(toLock());
         QVERIFY(run.execute());
-        QVERIFY(run.answer(0, c_done));
-        QCOMPARE(run.order.published(), QVector<QVariantMap>{c_done});
+        QVERIFY(run.answer(0, done()));
+        QCOMPARE(run.order.published(), QVector<QVariantMap>{done()});
         QCOMPARE(run.order.ends(), QVector<bool>{true});
     }
 
     void theLockIsStoredFalseOnPurpose_data()
     {
         QTest::addColumn<QVariantMap>("parameters");
-        QTest::newRow("after a successful locking") << c_toLock;
-        QTest::newRow("after a successful unlocking") << c_toUnlock;
+        QTest::newRow("after a successful locking") << toLock();
+        QTest::newRow("after a successful unlocking") << toUnlock();
     }
 
     void theLockIsStoredFalseOnPurpose()
@@ -162,23 +177,23 @@ private Q_SLOTS:
         SetLockRun run(parameters);
         run.give("lock", true);
         QVERIFY(run.execute());
-        QVERIFY(run.answer(0, c_done));
+        QVERIFY(run.answer(0, done()));
         QCOMPARE(run.property("lock"), QVariant(false));
         QCOMPARE(run.property("lock").userType(), int(QMetaType::Bool));
     }
 
     void theLockSurvivesARestart()
     {
-        SetLockRun run(c_toLock);
+        SetLockRun run(toLock());
         QVERIFY(run.execute());
-        QVERIFY(run.answer(0, c_done));
+        QVERIFY(run.answer(0, done()));
         QCOMPARE(run.keptProperty("lock"), QJsonValue(false));
     }
 
     void aFailedAnswerPublishesFalseAndEndsTheRun_data()
     {
         QTest::addColumn<QVariantMap>("reply");
-        QTest::newRow("false") << c_failed;
+        QTest::newRow("false") << failed();
         QTest::newRow("without cmd_success") << QVariantMap{{QStringLiteral("other"), true}};
         QTest::newRow("empty") << QVariantMap{};
     }
@@ -186,26 +201,26 @@ private Q_SLOTS:
     void aFailedAnswerPublishesFalseAndEndsTheRun()
     {
         QFETCH(const QVariantMap, reply);
-        SetLockRun run(c_toLock);
+        SetLockRun run(toLock());
         QVERIFY(run.execute());
         QVERIFY(run.answer(0, reply));
-        QCOMPARE(run.order.published(), QVector<QVariantMap>{c_failed});
+        QCOMPARE(run.order.published(), QVector<QVariantMap>{failed()});
         QCOMPARE(run.order.ends(), QVector<bool>{true});
     }
 
     void aFailedAnswerLeavesTheLockAsItWas()
     {
-        SetLockRun run(c_toUnlock);
+        SetLockRun run(toUnlock());
         run.give("lock", true);
         QVERIFY(run.execute());
-        QVERIFY(run.answer(0, c_failed));
+        QVERIFY(run.answer(0, failed()));
         QCOMPARE(run.property("lock"), QVariant(true));
         QVERIFY(run.keptProperty("lock").isUndefined());
     }
 
     void aFailedAnswerMakesNoProperty()
     {
-        SetLockRun run(c_toUnlock);
+        SetLockRun run(toUnlock());
         QVERIFY(run.execute());
         QVERIFY(run.answer(0, {}));
         QVERIFY(!run.hasProperty("lock"));
@@ -213,12 +228,12 @@ private Q_SLOTS:
 
     void theResultComesBeforeThePropertyAndThatBeforeTheEnd()
     {
-        SetLockRun run(c_toLock);
+        SetLockRun run(toLock());
         QVERIFY(run.execute());
         run.order.forgetEvents();
         QVector<bool> hadProperty;
         run.order.beforeEvent = [&] { hadProperty.append(run.hasProperty("lock")); };
-        QVERIFY(run.command->setReply(1, c_done));
+        QVERIFY(run.command->setReply(1, done()));
         QCOMPARE(run.order.events().size(), 2);
         QCOMPARE(run.order.events().at(0).kind, OrderEvent::Kind::Results);
         QCOMPARE(run.order.events().at(1).kind, OrderEvent::Kind::End);
@@ -227,22 +242,22 @@ private Q_SLOTS:
 
     void aSecondAnswerIsNotTaken()
     {
-        SetLockRun run(c_toLock);
+        SetLockRun run(toLock());
         QVERIFY(run.execute());
-        QVERIFY(run.answer(0, c_failed));
-        QVERIFY(!run.answer(0, c_done));
+        QVERIFY(run.answer(0, failed()));
+        QVERIFY(!run.answer(0, done()));
         QVERIFY(!run.hasProperty("lock"));
     }
 
     void theSameCommandRunsTwice()
     {
-        SetLockRun run(c_toLock);
+        SetLockRun run(toLock());
         QVERIFY(run.execute());
-        QVERIFY(run.answer(0, c_failed));
+        QVERIFY(run.answer(0, failed()));
         QVERIFY(run.execute());
-        QVERIFY(run.answer(1, c_done));
+        QVERIFY(run.answer(1, done()));
         QCOMPARE(run.frames(), QStringList({QStringLiteral("DT:1"), QStringLiteral("DT:1")}));
-        QCOMPARE(run.order.published(), QVector<QVariantMap>({c_failed, c_done}));
+        QCOMPARE(run.order.published(), QVector<QVariantMap>({failed(), done()}));
         QCOMPARE(run.order.ends(), QVector<bool>({true, true}));
     }
 
@@ -257,11 +272,11 @@ private Q_SLOTS:
 
     void stoppedWhileWaitingItPublishesNothingAndTakesNoAnswer()
     {
-        SetLockRun run(c_toLock);
+        SetLockRun run(toLock());
         QVERIFY(run.execute());
         bool ok = false;
         QVERIFY(run.command->finishTheCommand(ok));
-        QVERIFY(!run.answer(0, c_done));
+        QVERIFY(!run.answer(0, done()));
         QVERIFY(run.order.published().isEmpty());
         QVERIFY(!run.hasProperty("lock"));
         QCOMPARE(run.order.ends(), QVector<bool>{false});

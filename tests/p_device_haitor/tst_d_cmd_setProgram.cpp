@@ -6,7 +6,10 @@ namespace {
 
 using SelectRun = CommandRun<DCmdSetProgram>;
 
-const QVariantMap c_done{{QStringLiteral("cmd_success"), true}};
+QVariantMap done()
+{
+    return {{QStringLiteral("cmd_success"), true}};
+}
 
 QVariantMap wanted(const QVariant& progId)
 {
@@ -210,7 +213,7 @@ private Q_SLOTS:
                                  {QStringLiteral("auditMode"), QString()},
                                  {QStringLiteral("numberOfReadings"), QStringLiteral("0")}};
         QCOMPARE(events.at(0).values, QVariantMap({{QStringLiteral("presetData"), preset}}));
-        QCOMPARE(events.at(1).values, c_done);
+        QCOMPARE(events.at(1).values, done());
         QCOMPARE(events.at(2).kind, OrderEvent::Kind::Stop);
         QCOMPARE(events.at(3).kind, OrderEvent::Kind::End);
     }

@@ -5,7 +5,10 @@ namespace {
 
 using SelectRun = CommandRun<DCmdSetProgram>;
 
-const QVariantMap c_done{{QStringLiteral("cmd_success"), true}};
+QVariantMap done()
+{
+    return {{QStringLiteral("cmd_success"), true}};
+}
 
 QVariantMap wanted(const QVariant& progId)
 {
@@ -64,7 +67,7 @@ private Q_SLOTS:
         SelectRun run(wanted(2));
         run.give("currentProgId", 2);
         QVERIFY(run.execute());
-        QVERIFY(run.answer(0, c_done));
+        QVERIFY(run.answer(0, done()));
         QCOMPARE(run.order.events().size(), 2);
         const DInstruction sent = run.order.instructions().constLast();
         QCOMPARE(sent.target, QStringLiteral("myself"));
@@ -99,14 +102,14 @@ private Q_SLOTS:
         SelectRun run(wanted(2));
         run.give("currentProgId", 2);
         QVERIFY(run.execute());
-        QVERIFY(run.answer(0, c_done));
+        QVERIFY(run.answer(0, done()));
         run.order.forgetEvents();
         QVERIFY(
             run.command->setReply(2, {{QStringLiteral("cmd_success"), true}, {QStringLiteral("presetData"), preset}}));
         const QVector<OrderEvent>& events = run.order.events();
         QCOMPARE(events.size(), 3);
         QCOMPARE(events.at(0).values, QVariantMap({{QStringLiteral("presetData"), preset}}));
-        QCOMPARE(events.at(1).values, c_done);
+        QCOMPARE(events.at(1).values, done());
         QCOMPARE(events.at(2).kind, OrderEvent::Kind::End);
         QVERIFY(events.at(2).ok);
     }
@@ -125,7 +128,7 @@ private Q_SLOTS:
         SelectRun run(wanted(2));
         run.give("currentProgId", 2);
         QVERIFY(run.execute());
-        QVERIFY(run.answer(0, c_done));
+        QVERIFY(run.answer(0, done()));
         QVERIFY(run.answer(1, {{QStringLiteral("cmd_success"), false}, {QStringLiteral("presetData"), preset}}));
         QCOMPARE(run.order.lastResult(QStringLiteral("presetData")), QVariant(QVariantMap{}));
         QCOMPARE(run.order.lastResult(QStringLiteral("cmd_success")), QVariant(true));
@@ -137,8 +140,8 @@ private Q_SLOTS:
         SelectRun run(wanted(2));
         run.give("currentProgId", 2);
         QVERIFY(run.execute());
-        QVERIFY(run.answer(0, c_done));
-        QVERIFY(run.answer(1, c_done));
+        QVERIFY(run.answer(0, done()));
+        QVERIFY(run.answer(1, done()));
         QVERIFY(run.order.published().isEmpty());
         QVERIFY(run.order.ends().isEmpty());
     }
@@ -148,7 +151,7 @@ private Q_SLOTS:
         SelectRun run(wanted(2));
         run.give("currentProgId", 2);
         QVERIFY(run.execute());
-        QVERIFY(run.answer(0, c_done));
+        QVERIFY(run.answer(0, done()));
         QVERIFY(run.answer(1, {{QStringLiteral("presetData"), QVariantMap{}}}));
         QVERIFY(run.keptProperty("currentProgId").isUndefined());
         QVERIFY(!run.hasProperty("lock"));
@@ -163,7 +166,7 @@ private Q_SLOTS:
         QVERIFY(run.execute());
         bool ok = false;
         QVERIFY(run.command->finishTheCommand(ok));
-        QVERIFY(!run.answer(0, c_done));
+        QVERIFY(!run.answer(0, done()));
         QCOMPARE(run.order.instructions().size(), 1);
         QCOMPARE(run.order.ends(), QVector<bool>{false});
     }
@@ -173,7 +176,7 @@ private Q_SLOTS:
         SelectRun run(wanted(2));
         run.give("currentProgId", 2);
         QVERIFY(run.execute());
-        QVERIFY(run.answer(0, c_done));
+        QVERIFY(run.answer(0, done()));
         bool ok = true;
         QVERIFY(run.command->finishTheCommand(ok));
         QVERIFY(!run.answer(1, {{QStringLiteral("presetData"), QVariantMap{}}}));
@@ -185,7 +188,7 @@ private Q_SLOTS:
         SelectRun run(wanted(2));
         run.give("currentProgId", 2);
         QVERIFY(run.execute());
-        QVERIFY(run.answer(0, c_done));
+        QVERIFY(run.answer(0, done()));
         connect(run.command, &DAbstractCommand::sigCommandFinished, this, [&] { run.held.reset(); });
         QVERIFY(run.answer(1, {{QStringLiteral("presetData"), QVariantMap{}}}));
         QCOMPARE(run.order.ends(), QVector<bool>{true});

@@ -279,6 +279,22 @@ private Q_SLOTS:
         QCOMPARE(last, QStringLiteral("a"));
     }
 
+    void nothingIsKeptOfAChunkButTheRestOfItsLastLine_data()
+    {
+        QTest::addColumn<QByteArray>("chunk");
+        QTest::newRow("no rest") << QByteArray("RE:F:1\r\n");
+        QTest::newRow("a rest") << QByteArray("RE:F:1\r\nRE");
+    }
+
+    void nothingIsKeptOfAChunkButTheRestOfItsLastLine()
+    {
+        QFETCH(QByteArray, chunk);
+        chunk.detach(); // from the data row
+        LineReceiver receiver(Repeats::Dropped, Content::Bytes);
+        receiver.feed(reply(1, chunk), [](const QString&) { return true; });
+        QVERIFY(chunk.isDetached()); // nobody shares its memory any more
+    }
+
     void chunkOfSixteenMebibytesIsLinear_data() { addContents(); }
     void chunkOfSixteenMebibytesIsLinear()
     {

@@ -50,8 +50,11 @@ QString typedText(const QVariant& value)
     switch (static_cast<QMetaType::Type>(value.userType())) {
     case QMetaType::Bool:
     case QMetaType::Int:
-    case QMetaType::Double:
         return value.toString();
+    case QMetaType::Double: {
+        const double number = value.toDouble();
+        return value.toString() + QLatin1String(number == std::floor(number) ? ".0" : "");
+    }
     case QMetaType::UInt:
         return value.toString() + QLatin1Char('u');
     case QMetaType::QString:

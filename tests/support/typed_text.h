@@ -5,7 +5,7 @@
 
 /// Values as text that shows their type, so that a text "1" and a number 1 are not taken for each other:
 ///
-///     true   12   "text"   bytes"text\r\n"   12u   1.5   {"key":"value"}   ["a","b"]   none (the invalid value)
+///     true   12   "text"   bytes"text\r\n"   12u   1.5   2.0  {"key":"value"}   ["a","b"]   none (the invalid value)
 ///
 /// Another type is shown as its name and text, and equals nothing that can be written by hand.
 QString typedText(const QVariant& value);

@@ -131,7 +131,7 @@ void Dongle::setInRange(int index, bool isInRange, qint64 nowUs)
 QString Dongle::demandTightening(int index, int count, qint64 nowUs)
 {
     advance(nowUs);
-    const QString refusal = station(index).wrench.demand(count, nowUs);
+    QString refusal = station(index).wrench.demand(count, nowUs);
     sendResults(nowUs);
     return refusal;
 }

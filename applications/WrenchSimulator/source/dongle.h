@@ -60,8 +60,8 @@ public:
 
     FaultInjector& faults() { return m_faults; }
 
-    /// The fault "unplug" has struck: ms until the line is back, 0: not by itself. Each is told once. The dongle itself
-    /// does nothing more with it than to drop the frame; the line is not its own.
+    /// The fault "unplug" has struck: ms until the line is back, 0: not by itself. Told once. The dongle has lost its
+    /// power by then; to hang up the line is left to its owner.
     std::optional<int> takeUnplug();
 
     /// Without power: scan, link and whatever waits are gone. The wrench linked last is remembered, wrenches keep

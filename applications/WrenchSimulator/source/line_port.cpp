@@ -44,9 +44,6 @@ void LinePort::close()
 
 void LinePort::write(const QByteArray& chunk)
 {
-    if (!m_terminal->hasReader()) {
-        return;
-    }
     m_rest = chunk;
     writeRest();
 }
@@ -72,17 +69,26 @@ void LinePort::readAll()
 
 void LinePort::readersChanged()
 {
-    if (!m_terminal->hasReader() && !m_rest.isEmpty()) {
-        writeRest();
+    forgetUnread();
+}
+
+bool LinePort::forgetUnread()
+{
+    if (m_terminal->hasReader()) {
+        return false;
     }
+    m_rest.clear();
+    m_writeNotifier->setEnabled(false);
+    Q_EMIT unread();
+    return true;
 }
 
 void LinePort::writeRest()
 {
-    const bool wasBlocked = m_writeNotifier->isEnabled();
-    if (!m_terminal->hasReader()) {
-        m_rest.clear();
+    if (forgetUnread()) {
+        return;
     }
+    const bool wasBlocked = m_writeNotifier->isEnabled();
     while (!m_rest.isEmpty()) {
         const ssize_t size = ::write(m_terminal->descriptor(), m_rest.constData(), static_cast<size_t>(m_rest.size()));
         if (size > 0) {

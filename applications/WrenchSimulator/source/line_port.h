@@ -25,12 +25,15 @@ public:
     /// False while the terminal is full: write nothing then, writable() will follow.
     bool isWritable() const { return m_rest.isEmpty(); }
 
-    /// Writes the chunk, at once as far as the terminal takes it. Nobody there to read: it is gone.
+    /// Writes the chunk, at once as far as the terminal takes it; or forgets it and says unread().
     void write(const QByteArray& chunk);
 
 Q_SIGNALS:
     void received(const QByteArray& bytes);
     void writable();
+
+    /// Nobody is there to read: what waits to be written is not for whoever comes next.
+    void unread();
 
     /// The line went away by itself; it is closed already.
     void hungUp();
@@ -40,6 +43,7 @@ private:
     void readAll();
     void readersChanged();
     void writeRest();
+    bool forgetUnread();
     void hangUp();
 
     std::unique_ptr<Terminal> m_terminal;

@@ -78,7 +78,7 @@ std::vector<Program> programs(const QCommandLineParser& parser)
         return Program::examples(wholeNumber(parser, "programs", 1, c_maxPrograms));
     }
     QString error;
-    const std::vector<Program> result = Program::fromFile(text, &error);
+    std::vector<Program> result = Program::fromFile(text, &error);
     if (result.empty()) {
         throw Refusal{error};
     }

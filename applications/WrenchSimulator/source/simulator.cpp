@@ -51,6 +51,7 @@ Simulator::Simulator(const Options& options, QObject* parent)
     connect(&m_replugTimer, &QTimer::timeout, this, &Simulator::onReplugDue);
     connect(&m_port, &LinePort::received, this, &Simulator::onReceived);
     connect(&m_port, &LinePort::writable, this, &Simulator::pump);
+    connect(&m_port, &LinePort::unread, this, [this] { m_dongle.output().clear(); });
     connect(&m_port, &LinePort::hungUp, this, &Simulator::onHungUp);
     if (options.hasConsole) {
         m_consoleNotifier = std::make_unique<QSocketNotifier>(STDIN_FILENO, QSocketNotifier::Read);
@@ -154,8 +155,9 @@ void Simulator::onConsoleReadable()
         sayLine(QStringLiteral("error the line is longer than %1 bytes").arg(LineCutter::c_maxLineBytes));
     }
     for (const QByteArray& line : lines) {
-        sayLine(m_console.execute(QString::fromUtf8(line), nowUs()));
-        pump();
+        const QString answer = m_console.execute(QString::fromUtf8(line), nowUs());
+        pump(); // whoever reads the answer finds the line as the command left it
+        sayLine(answer);
     }
 }
 

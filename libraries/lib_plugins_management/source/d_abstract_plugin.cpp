@@ -1,5 +1,7 @@
 #include <lib_plugins_management/d_abstract_plugin.h>
 
+#include <QPointer>
+
 #include <algorithm>
 
 #include <lib_plugins_management/d_abstract_command.h>
@@ -204,12 +206,16 @@ bool DAbstractPlugin::setProperty(const QString& name, const QVariant& value, bo
     const auto found = d_ptr->properties.constFind(name);
     const bool changed = found == d_ptr->properties.constEnd() || *found != value;
     d_ptr->properties.insert(name, value);
+    const QPointer<DAbstractPlugin> self(this); // who hears of it may destroy the instance
     if (persistent) {
         QJsonObject stored = getInPluginConfig(c_propertiesKey).toObject();
-        stored.insert(name, QJsonValue::fromVariant(value));
-        setInPluginConfig(c_propertiesKey, stored);
+        const QJsonValue written = QJsonValue::fromVariant(value);
+        if (stored.value(name) != written) {
+            stored.insert(name, written);
+            setInPluginConfig(c_propertiesKey, stored);
+        }
     }
-    if (changed && d_ptr->host != nullptr) {
+    if (changed && !self.isNull() && d_ptr->host != nullptr) {
         d_ptr->host->propertyChanged(*this, name, value);
     }
     return true;
@@ -219,7 +225,7 @@ void DAbstractPlugin::initAbstractCommands() {}
 
 void DAbstractPlugin::declareInstructionCommand(DAbstractCommand* prototype)
 {
-    if (prototype == nullptr) {
+    if (prototype == nullptr || d_ptr->prototypes.contains(prototype)) {
         return;
     }
     if (!prototype->isValid() || d_ptr->prototype(prototype->commandName()) != nullptr) {

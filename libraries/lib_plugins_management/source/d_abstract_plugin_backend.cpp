@@ -1,7 +1,5 @@
 #include <lib_plugins_management/d_abstract_plugin_backend.h>
 
-#include <QTimer>
-
 #include <lib_plugins_management/d_abstract_plugin.h>
 #include <lib_plugins_management/host/d_treatment_queue.h>
 
@@ -34,8 +32,18 @@ void DAbstractPluginBackendPrivate::setDevice(DAbstractPlugin* found)
 {
     device = found;
     updateConnected();
-    if (found != nullptr) {
-        QTimer::singleShot(0, &q, &DAbstractPluginBackend::abstractBackendInitialized);
+    if (found != nullptr && !announcesDevice) {
+        announcesDevice = true;
+        QMetaObject::invokeMethod(
+            &q, [this] { announceDevice(); }, Qt::QueuedConnection);
+    }
+}
+
+void DAbstractPluginBackendPrivate::announceDevice()
+{
+    announcesDevice = false;
+    if (!device.isNull()) {
+        Q_EMIT q.abstractBackendInitialized();
     }
 }
 

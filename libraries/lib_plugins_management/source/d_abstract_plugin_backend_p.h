@@ -18,6 +18,7 @@ public:
     /// Looks for the device of that object id, and listens for it to come.
     void attach();
     void setDevice(DAbstractPlugin* found);
+    void announceDevice();
     void updateConnected();
     /// Gives the backend the one reply to a treatment. It may delete the backend.
     void answer(int index, const QString& treatment, const QMap<QString, QVariant>& reply);
@@ -27,6 +28,7 @@ public:
     QString objectId;
     QString reference;
     bool isConnected = false;
+    bool announcesDevice = false; // in a later turn
     int pending = 0;
     QPointer<DTreatmentQueue> queue;
     QPointer<DAbstractPlugin> device;

@@ -7,6 +7,7 @@
 #include <QPluginLoader>
 
 #include <exception>
+#include <memory>
 
 #include <lib_plugins_management/d_abstract_plugin.h>
 
@@ -55,6 +56,8 @@ DAbstractPlugin* DPluginLoader::loadFile(const QString& file)
                       QStringLiteral("give this user the right to read it"));
     }
     QPluginLoader loader(path);
+    // A function that is missing is found now, not when it is called and ends the process.
+    loader.setLoadHints(loader.loadHints() | QLibrary::ResolveAllSymbolsHint);
     const QJsonObject metaData = loader.metaData();
     if (metaData.isEmpty()) {
         return refuse(path, QStringLiteral("it is no Qt plugin (%1)").arg(loader.errorString()),
@@ -80,6 +83,7 @@ DAbstractPlugin* DPluginLoader::loadFile(const QString& file)
         if (m_roots.contains(root)) {
             return root;
         }
+        std::unique_ptr<DAbstractPlugin> unusable(root); // until it is known to be usable
         if (root->commandNames().isEmpty()) {
             root->initPluginCommands();
         }
@@ -87,7 +91,7 @@ DAbstractPlugin* DPluginLoader::loadFile(const QString& file)
             return refuse(path, QStringLiteral("it declares no command"),
                           QStringLiteral("let its initPluginCommands() declare at least one"));
         }
-        m_roots.append(root);
+        m_roots.append(unusable.release());
         return root;
     } catch (const std::exception& error) {
         return refuse(path, QStringLiteral("it failed while it was loaded (%1)").arg(QString::fromUtf8(error.what())),

@@ -132,11 +132,7 @@ void DRouter::leaveOrder(DOrder& order)
 
 void DRouter::later(DOrder& order, DTurnQueue::Action action)
 {
-    m_turns.post([guard = QPointer<DOrder>(&order), action = std::move(action)] {
-        if (!guard.isNull()) {
-            action();
-        }
-    });
+    m_turns.post(order, std::move(action));
 }
 
 quint64 DRouter::addInstruction(DOrder& sender, const DInstruction& instruction)

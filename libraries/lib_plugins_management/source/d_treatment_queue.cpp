@@ -1,6 +1,5 @@
 #include <lib_plugins_management/host/d_treatment_queue.h>
 
-#include <QTimer>
 #include <QUuid>
 
 #include <lib_plugins_management/d_abstract_plugin.h>
@@ -61,7 +60,7 @@ void DTreatmentQueue::queue(DAbstractPluginBackend& backend, DAbstractPlugin& de
                             const QString& treatment, const QMap<QString, QVariant>& parameters)
 {
     Line& line = m_lines[&device];
-    line.waiting.push_back({&backend, index, treatment, parameters});
+    line.waiting.push_back({++m_lastTreatment, &backend, index, treatment, parameters});
     if (line.waiting.size() == 1) {
         runNext(&device);
     }
@@ -81,14 +80,18 @@ void DTreatmentQueue::pluginDestroyed(DAbstractPlugin& plugin)
         m_lines.erase(line);
         for (const Treatment& treatment : lost) {
             if (!treatment.backend.isNull()) {
-                QTimer::singleShot(0, treatment.backend, [treatment] {
-                    DAbstractPluginBackendPrivate::get(*treatment.backend)
-                        ->answer(treatment.index, treatment.name, {{c_successResult, false}});
-                });
+                QMetaObject::invokeMethod(
+                    treatment.backend,
+                    [treatment] {
+                        DAbstractPluginBackendPrivate::get(*treatment.backend)
+                            ->answer(treatment.index, treatment.name, {{c_successResult, false}});
+                    },
+                    Qt::QueuedConnection);
             }
         }
     }
     Q_EMIT sigInstanceRemoved(&plugin);
+    Q_EMIT sigConnectionChanged(); // it may have been a driver
 }
 
 void DTreatmentQueue::propertyChanged(DAbstractPlugin& plugin, const QString& name)
@@ -103,27 +106,33 @@ void DTreatmentQueue::runNext(DAbstractPlugin* device)
 {
     Line& line = m_lines[device];
     const Treatment& next = line.waiting.front();
+    const quint64 id = next.id;
     line.running = m_router.createOrder(*device, next.name, next.parameters);
     if (line.running == nullptr) {
-        QTimer::singleShot(0, this, [this, device] { answer(device, {{c_successResult, false}}); });
+        QMetaObject::invokeMethod(
+            this,
+            [this, device, id] {
+                answer(device, id, {{c_successResult, false}});
+            },
+            Qt::QueuedConnection);
         return;
     }
-    connect(line.running.get(), &DOrder::sigFinished, this, [this, device] {
+    connect(line.running.get(), &DOrder::sigFinished, this, [this, device, id] {
         const DOrder& ended = *m_lines[device].running;
         QMap<QString, QVariant> reply = ended.results();
         if (ended.outcome() != DOrder::Outcome::Finished) {
             reply.insert(c_successResult, false);
         }
-        answer(device, reply);
+        answer(device, id, reply);
     });
     line.running->start(c_treatmentLimitMs);
 }
 
-void DTreatmentQueue::answer(DAbstractPlugin* device, const QMap<QString, QVariant>& reply)
+void DTreatmentQueue::answer(DAbstractPlugin* device, quint64 id, const QMap<QString, QVariant>& reply)
 {
     const auto line = m_lines.find(device);
-    if (line == m_lines.end() || line->second.waiting.empty()) {
-        return; // the device has gone meanwhile, and its treatments were answered
+    if (line == m_lines.end() || line->second.waiting.front().id != id) {
+        return; // the device has gone meanwhile, and its treatments were answered; another may have its address
     }
     const Treatment answered = line->second.waiting.front();
     line->second.waiting.pop_front();

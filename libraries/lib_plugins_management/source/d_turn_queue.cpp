@@ -3,7 +3,6 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEvent>
-#include <QPointer>
 
 #include <utility>
 
@@ -23,7 +22,17 @@ DTurnQueue::DTurnQueue(QObject* parent) : QObject(parent) {}
 
 void DTurnQueue::post(Action action)
 {
-    m_actions.push_back(std::move(action));
+    append({std::move(action), false, nullptr});
+}
+
+void DTurnQueue::post(QObject& receiver, Action action)
+{
+    append({std::move(action), true, &receiver});
+}
+
+void DTurnQueue::append(Entry entry)
+{
+    m_entries.push_back(std::move(entry));
     wakeUp();
 }
 
@@ -36,11 +45,17 @@ bool DTurnQueue::event(QEvent* event)
     const QPointer<DTurnQueue> self(this);
     QElapsedTimer turn;
     turn.start();
-    for (std::size_t due = m_actions.size(); due > 0 && !m_actions.empty(); --due) {
+    for (std::size_t due = m_entries.size(); due > 0 && !m_entries.empty(); --due) {
         // Taken out first: the action may post others, run a loop of its own, or destroy the queue.
-        const Action action = std::move(m_actions.front());
-        m_actions.pop_front();
-        action();
+        const Entry entry = std::move(m_entries.front());
+        m_entries.pop_front();
+        if (entry.hasReceiver && entry.receiver.isNull()) {
+            continue;
+        }
+        if (!m_entries.empty()) {
+            wakeUp(); // an event loop inside the action goes on with the rest
+        }
+        entry.action();
         if (self.isNull()) {
             return true;
         }
@@ -48,7 +63,7 @@ bool DTurnQueue::event(QEvent* event)
             break;
         }
     }
-    if (!m_actions.empty()) {
+    if (!m_entries.empty()) {
         wakeUp();
     }
     return true;

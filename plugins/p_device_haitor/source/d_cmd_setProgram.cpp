@@ -86,11 +86,8 @@ bool DCmdSetProgram::onReply(quint64, const QMap<QString, QVariant>& reply)
 
 bool DCmdSetProgram::onLine(const QString& line)
 {
-    const QString& sent = m_sender.lastSent();
-    if (line.isEmpty() || line == sent) { // the wrench may echo what it is sent
-        return true;
-    }
-    if (sent == frames::c_currentProgram) {
+    // An echo of what was sent, an empty line and a refusal fit neither branch and are passed over.
+    if (m_sender.lastSent() == frames::c_currentProgram) {
         if (program_fields::namesAProgram(line)) {
             finishWithPreset(program_fields::presetOfAnswer(line));
             return false;

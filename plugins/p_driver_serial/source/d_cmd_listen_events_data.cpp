@@ -1,11 +1,5 @@
 #include "d_cmd_listen_events_data.h"
 
-namespace {
-
-const QString c_observe = QStringLiteral("observe");
-
-} // namespace
-
 DCmdListenEventsData::DCmdListenEventsData(const QMap<QString, QVariant>& parameters, SerialLine* line, QObject* parent)
     : DLineCommand(QStringLiteral("listenEventsData"), QStringLiteral("stopListening"), parameters, line, parent)
 {
@@ -15,8 +9,6 @@ DCmdListenEventsData::DCmdListenEventsData(const QMap<QString, QVariant>& parame
     // A line has nothing to select from: it is taken so that a caller may use any driver in the same way.
     declareAParameter(QStringLiteral("validator"), QStringLiteral("strg"),
                       QStringLiteral("Which events to deliver; without effect on a serial line"), QVariant());
-    declareAParameter(c_observe, QStringLiteral("bool"),
-                      QStringLiteral("Only look on: an answer is still kept for the listener it is meant for"), false);
     declareAResult(QStringLiteral("frame"), QStringLiteral("strg"), QStringLiteral("The bytes that arrived"),
                    QVariant());
     declareAResult(QStringLiteral("number"), QStringLiteral("int"), QStringLiteral("Running number of the chunk"),
@@ -33,8 +25,7 @@ bool DCmdListenEventsData::commandExecute()
     if (line() == nullptr || !DLineCommand::commandExecute()) {
         return false;
     }
-    const bool isObserver = getParameterValue(c_observe, false).toBool();
-    line()->addListener(this, isObserver ? SerialLine::Role::Observer : SerialLine::Role::Listener);
+    line()->addListener(this);
     return true;
 }
 

@@ -79,7 +79,7 @@ void SerialLine::lose(const QString& problem)
 
 void SerialLine::reopenLater()
 {
-    if (!isHeard() || m_reopenTimer != 0) {
+    if (m_listeners.isEmpty() || m_reopenTimer != 0) {
         return;
     }
     m_reopenTimer = m_clock.callAfter(m_reopenMs, [this] { onReopen(); });
@@ -95,7 +95,7 @@ void SerialLine::giveUpReopening()
 void SerialLine::onReopen()
 {
     m_reopenTimer = 0;
-    if (!m_port->isOpen() && isHeard()) {
+    if (!m_port->isOpen() && !m_listeners.isEmpty()) {
         openPort();
     }
 }
@@ -227,15 +227,15 @@ void SerialLine::failQueued()
 
 // ---- Listening
 
-void SerialLine::addListener(ILineListener* listener, Role role)
+void SerialLine::addListener(ILineListener* listener)
 {
-    QVector<ILineListener*>& group = role == Role::Observer ? m_observers : m_listeners;
-    if (!group.contains(listener)) {
-        group.append(listener);
+    if (!m_listeners.contains(listener)) {
+        m_listeners.append(listener);
+        if (isHandOver() && !m_kept.isEmpty()) {
+            m_joining.append(listener);
+        }
     }
-    if (!isHandOver()) {
-        dropKept();
-    } else if (role == Role::Listener && !m_kept.isEmpty() && m_deliverTimer == 0) {
+    if (!m_joining.isEmpty() && m_deliverTimer == 0) {
         // Not from inside this call: the listener has not begun yet.
         m_deliverTimer = m_clock.callAfter(0, [this] { deliverKept(); });
     }
@@ -247,8 +247,8 @@ void SerialLine::addListener(ILineListener* listener, Role role)
 void SerialLine::removeListener(ILineListener* listener)
 {
     m_listeners.removeOne(listener);
-    m_observers.removeOne(listener);
-    if (!isHeard()) {
+    m_joining.removeOne(listener);
+    if (m_listeners.isEmpty()) {
         giveUpReopening();
     }
 }
@@ -266,39 +266,32 @@ void SerialLine::bytesArrived(const QByteArray& bytes)
 void SerialLine::deliver(const QByteArray& bytes)
 {
     const QPointer<SerialLine> self(this);
-    if (m_listeners.isEmpty()) {
-        keepOrDrop(bytes);
-    } else {
-        deliverKept();
-    }
-    if (!self.isNull() && isHeard()) {
-        handOut(bytes, m_listeners + m_observers);
-    }
-}
-
-void SerialLine::keepOrDrop(const QByteArray& bytes)
-{
-    if (isHandOver()) {
-        m_kept.add(bytes);
+    deliverKept();
+    if (self.isNull()) {
         return;
     }
-    dropKept();
-    if (m_observers.isEmpty()) {
+    if (isHandOver()) {
+        m_kept.add(bytes, !m_listeners.isEmpty());
+    } else {
+        dropKept();
+    }
+    if (!m_listeners.isEmpty()) {
+        handOut(bytes, m_listeners);
+    } else if (m_kept.isEmpty()) {
         m_trace.remark(QStringLiteral("%1 bytes dropped, nobody listens").arg(bytes.size()));
     }
 }
 
-void SerialLine::handOut(const QByteArray& bytes, const QVector<ILineListener*>& listeners)
+void SerialLine::handOut(const QByteArray& bytes, QVector<ILineListener*> listeners)
 {
     const QPointer<SerialLine> self(this);
     m_number = numberAfter(m_number);
     const int number = m_number;
-    for (ILineListener* listener : listeners) {
+    for (ILineListener* listener : qAsConst(listeners)) {
         if (self.isNull()) {
             return;
         }
-        // It may have been taken away by one before it.
-        if (m_listeners.contains(listener) || m_observers.contains(listener)) {
+        if (m_listeners.contains(listener)) { // it may have been taken away by one before it
             listener->chunkArrived(bytes, number);
         }
     }
@@ -309,13 +302,13 @@ int SerialLine::numberAfter(int number)
     return number == std::numeric_limits<int>::max() ? 1 : number + 1;
 }
 
+/// To the listeners that have come since the frame; the others have heard it.
 void SerialLine::deliverKept()
 {
     m_clock.cancel(std::exchange(m_deliverTimer, 0));
-    const QByteArray kept = m_kept.takeAll();
-    if (!kept.isEmpty()) {
-        const QVector<ILineListener*> listeners = m_listeners; // observers have heard it
-        handOut(kept, listeners);
+    const QVector<ILineListener*> joining = std::exchange(m_joining, {});
+    if (!joining.isEmpty()) {
+        handOut(m_kept.read(), joining);
     }
 }
 
@@ -326,9 +319,10 @@ bool SerialLine::isHandOver() const
 
 void SerialLine::dropKept()
 {
-    const QByteArray kept = m_kept.takeAll();
-    if (!kept.isEmpty()) {
-        m_trace.remark(QStringLiteral("%1 bytes dropped, nobody listened").arg(kept.size()));
+    const int unheard = m_kept.clear();
+    m_joining.clear();
+    if (unheard > 0) {
+        m_trace.remark(QStringLiteral("%1 bytes dropped, nobody listened").arg(unheard));
     }
 }
 

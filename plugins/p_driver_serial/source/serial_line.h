@@ -35,10 +35,9 @@ protected:
 ///     any --closeConnection()--> Closed
 ///
 /// Input that arrives while nobody listens is dropped, but for the answer to a frame: what arrives from the moment a
-/// frame goes out until 100 ms after it has left is kept for the first listener, up to 1 MiB, and given up for the next
-/// frame. So a caller may write first and listen when the write is answered, and never hears anything older.
-///
-/// An observer hears each chunk as it arrives and takes nothing away: what is kept is kept as if it were not there.
+/// frame goes out until 100 ms after it has left is also kept for who begins to listen in that time, up to 1 MiB, and
+/// given up for the next frame. So a caller may write first and listen when the write is answered, whoever else
+/// listens, and never hears anything older.
 ///
 /// All on one thread. Listeners and answers may call anything here, and may destroy the line; who hears of changed()
 /// may not.
@@ -48,7 +47,6 @@ class SerialLine : public QObject, private ISerialPort::Observer
 
 public:
     enum class State { Closed, Open, Lost, NoAnswer };
-    enum class Role { Listener, Observer };
     using SettingsSource = std::function<LineSettingsResult()>; // asked at each opening
 
     static constexpr int c_firstReopenMs = 250;
@@ -74,7 +72,7 @@ public:
     void forgetDone(WriteQueue::Id id);
 
     /// From now on the listener gets each chunk. It stays a listener while the port is away.
-    void addListener(ILineListener* listener, Role role = Role::Listener);
+    void addListener(ILineListener* listener);
     /// One that is none is no error.
     void removeListener(ILineListener* listener);
 
@@ -111,10 +109,8 @@ private:
     void failQueued();
 
     void deliver(const QByteArray& bytes);
-    void keepOrDrop(const QByteArray& bytes);
-    void handOut(const QByteArray& bytes, const QVector<ILineListener*>& listeners);
+    void handOut(const QByteArray& bytes, QVector<ILineListener*> listeners);
     void deliverKept();
-    bool isHeard() const { return !m_listeners.isEmpty() || !m_observers.isEmpty(); }
     bool isHandOver() const;
     void dropKept();
 
@@ -132,7 +128,7 @@ private:
     bool m_isWriting = false; // the first frame of the queue is with the port
 
     QVector<ILineListener*> m_listeners;
-    QVector<ILineListener*> m_observers;
+    QVector<ILineListener*> m_joining; // of these, who has not heard yet what is kept
     UndeliveredInput m_kept;
     qint64 m_handOverUntilUs = -1;
     Clock::TimerId m_deliverTimer = 0;

@@ -4,9 +4,10 @@
 
 #include "logging.h"
 
-void UndeliveredInput::add(const QByteArray& bytes)
+void UndeliveredInput::add(const QByteArray& bytes, bool isHeard)
 {
     m_bytes += bytes;
+    m_unheardBytes = isHeard ? m_unheardBytes : m_unheardBytes + bytes.size();
     // Dropped by the half: cutting a little off the front for each chunk would move the whole each time.
     if (m_bytes.size() > c_limitBytes) {
         const int excess = m_bytes.size() - c_limitBytes / 2;
@@ -15,7 +16,7 @@ void UndeliveredInput::add(const QByteArray& bytes)
     }
 }
 
-QByteArray UndeliveredInput::takeAll()
+QByteArray UndeliveredInput::read()
 {
     if (m_droppedBytes > 0) {
         qCWarning(lcDriverSerial).noquote()
@@ -24,5 +25,13 @@ QByteArray UndeliveredInput::takeAll()
                    .arg(c_limitBytes);
         m_droppedBytes = 0;
     }
-    return std::exchange(m_bytes, {});
+    m_unheardBytes = 0;
+    return m_bytes;
+}
+
+int UndeliveredInput::clear()
+{
+    m_bytes.clear();
+    m_droppedBytes = 0;
+    return std::exchange(m_unheardBytes, 0);
 }

@@ -2,18 +2,23 @@
 
 #include <QByteArray>
 
-/// What has arrived and waits for a listener. Bounded: of more than c_limitBytes the oldest is dropped.
+/// What has arrived since a frame, kept for who begins to listen after it. Bounded: of more than c_limitBytes the
+/// oldest is dropped.
 class UndeliveredInput
 {
 public:
     static constexpr int c_limitBytes = 1024 * 1024;
 
-    void add(const QByteArray& bytes);
+    /// isHeard: somebody listens already; what is dropped of it is lost to nobody else.
+    void add(const QByteArray& bytes, bool isHeard);
     bool isEmpty() const { return m_bytes.isEmpty(); }
-    /// What is there, oldest first; nothing is left. A drop is logged, with its size.
-    QByteArray takeAll();
+    /// What is there, oldest first. A drop is logged, with its size.
+    QByteArray read();
+    /// Nothing is left. Returns how many bytes nobody has heard or read.
+    int clear();
 
 private:
     QByteArray m_bytes;
+    int m_unheardBytes = 0;
     qint64 m_droppedBytes = 0;
 };

@@ -89,8 +89,8 @@ void SessionCommand::workplaceFailed(const Problem& problem)
 void SessionCommand::interruptWhenUnread()
 {
     if (!m_console.isOpen()) {
-        // From a later turn: the session is in the middle of something.
-        QMetaObject::invokeMethod(this, &SessionCommand::interrupt, Qt::QueuedConnection);
+        // From a later turn: the session is in the middle of something. It is no failure of the device.
+        QMetaObject::invokeMethod(m_session.get(), &Session::interrupt, Qt::QueuedConnection);
     }
 }
 

@@ -25,9 +25,7 @@ LineObserver::LineObserver(QObject* parent) : QObject(parent) {}
 void LineObserver::start(DHost& host, DAbstractPlugin& driver)
 {
     m_partialLine.clear();
-    // Only looking on: the first answer to a command may come before the command has begun to listen.
-    m_listener = host.createOrder(driver, QStringLiteral("listenEventsData"),
-                                  {{QStringLiteral("subscription"), true}, {QStringLiteral("observe"), true}});
+    m_listener = host.createOrder(driver, QStringLiteral("listenEventsData"), {{QStringLiteral("subscription"), true}});
     if (m_listener != nullptr) {
         connect(m_listener.get(), &DOrder::sigResultsPublished, this, [this](const QMap<QString, QVariant>& values) {
             receive(values.value(QStringLiteral("frame")).toByteArray());

@@ -42,7 +42,7 @@ public:
     void queue(DAbstractPluginBackend& backend, DAbstractPlugin& device, int index, const QString& treatment,
                const QMap<QString, QVariant>& parameters);
 
-    /// The host tells.
+    /// The host tells; of a plugin that is destroyed when the registry does not know it any more.
     void instanceAdded(DAbstractPlugin& instance);
     void pluginDestroyed(DAbstractPlugin& plugin);
     void propertyChanged(DAbstractPlugin& plugin, const QString& name);
@@ -55,6 +55,7 @@ Q_SIGNALS:
 private:
     struct Treatment
     {
+        quint64 id;
         QPointer<DAbstractPluginBackend> backend; // null: the panel has gone, nobody wants the reply
         int index;
         QString name;
@@ -67,9 +68,10 @@ private:
     };
 
     void runNext(DAbstractPlugin* device);
-    void answer(DAbstractPlugin* device, const QMap<QString, QVariant>& reply);
+    void answer(DAbstractPlugin* device, quint64 id, const QMap<QString, QVariant>& reply);
 
     DRouter& m_router;
     const DInstanceRegistry& m_registry;
-    std::map<DAbstractPlugin*, Line> m_lines; // by device
+    std::map<DAbstractPlugin*, Line> m_lines; // by device, none of them empty
+    quint64 m_lastTreatment = 0;
 };

@@ -61,7 +61,7 @@ private:
 
 } // namespace
 
-class TestConsole : public QObject
+class TestWorkplaceConsole : public QObject
 {
     Q_OBJECT
 
@@ -86,7 +86,7 @@ private Q_SLOTS:
     void tellsAProblemAsAnObject();
 };
 
-void TestConsole::writesAnObjectOnOneLine()
+void TestWorkplaceConsole::writesAnObjectOnOneLine()
 {
     const File results = makeFile();
     Console console(results.get(), stderr, true);
@@ -99,7 +99,7 @@ void TestConsole::writesAnObjectOnOneLine()
     QVERIFY(!written.contains('\x1b'));
 }
 
-void TestConsole::stampsTheTimeWithMillisecondsAndOffset()
+void TestWorkplaceConsole::stampsTheTimeWithMillisecondsAndOffset()
 {
     const QByteArray zone = qgetenv("TZ");
     qputenv("TZ", "Asia/Kolkata");
@@ -114,7 +114,7 @@ void TestConsole::stampsTheTimeWithMillisecondsAndOffset()
     QVERIFY2(pattern.match(time).hasMatch(), qPrintable(time));
 }
 
-void TestConsole::showsControlCharacters_data()
+void TestWorkplaceConsole::showsControlCharacters_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("shown");
@@ -132,14 +132,14 @@ void TestConsole::showsControlCharacters_data()
     QTest::newRow("line separator") << QString(QChar(0x2028)) << "\\x2028";
 }
 
-void TestConsole::showsControlCharacters()
+void TestWorkplaceConsole::showsControlCharacters()
 {
     QFETCH(QString, text);
     QFETCH(QString, shown);
     QCOMPARE(Console::visible(text), shown);
 }
 
-void TestConsole::letsNoEscapeSequenceIntoAMessage()
+void TestWorkplaceConsole::letsNoEscapeSequenceIntoAMessage()
 {
     const File messages = makeFile();
     Console console(stdout, messages.get(), false);
@@ -147,7 +147,7 @@ void TestConsole::letsNoEscapeSequenceIntoAMessage()
     QCOMPARE(contents(messages), QByteArray("said \\x1b[2J\n"));
 }
 
-void TestConsole::coloursOnATerminal()
+void TestWorkplaceConsole::coloursOnATerminal()
 {
     const Terminal terminal;
     const Console console(terminal.results.get(), stderr, false);
@@ -155,7 +155,7 @@ void TestConsole::coloursOnATerminal()
     QCOMPARE(console.strong(QStringLiteral("x")), QStringLiteral("\x1b[1mx\x1b[0m"));
 }
 
-void TestConsole::coloursNothingWithNoColor()
+void TestWorkplaceConsole::coloursNothingWithNoColor()
 {
     qputenv("NO_COLOR", "1");
     const Terminal terminal;
@@ -164,14 +164,14 @@ void TestConsole::coloursNothingWithNoColor()
     QCOMPARE(console.strong(QStringLiteral("x")), QStringLiteral("x"));
 }
 
-void TestConsole::coloursNothingInAFile()
+void TestWorkplaceConsole::coloursNothingInAFile()
 {
     const File results = makeFile();
     const Console console(results.get(), stderr, false);
     QCOMPARE(console.alarming(QStringLiteral("x")), QStringLiteral("x"));
 }
 
-void TestConsole::showsProgressBelowTheResults()
+void TestWorkplaceConsole::showsProgressBelowTheResults()
 {
     const Terminal terminal;
     Console console(terminal.results.get(), stderr, false);
@@ -182,7 +182,7 @@ void TestConsole::showsProgressBelowTheResults()
     QCOMPARE(terminal.read(), QByteArray("\r\x1b[Ksearching\r\x1b[Kfound\r\nsearching\r\x1b[Kdone\r\n"));
 }
 
-void TestConsole::showsNoProgressInAFile()
+void TestWorkplaceConsole::showsNoProgressInAFile()
 {
     const File results = makeFile();
     Console console(results.get(), stderr, false);
@@ -191,7 +191,7 @@ void TestConsole::showsNoProgressInAFile()
     QCOMPARE(contents(results), QByteArray("found\n"));
 }
 
-void TestConsole::takesLinesBackOnATerminal()
+void TestWorkplaceConsole::takesLinesBackOnATerminal()
 {
     const Terminal terminal;
     Console console(terminal.results.get(), stderr, false);
@@ -200,7 +200,7 @@ void TestConsole::takesLinesBackOnATerminal()
     QCOMPARE(terminal.read(), QByteArray("\x1b[3A\x1b[J"));
 }
 
-void TestConsole::takesNothingBackInAFile()
+void TestWorkplaceConsole::takesNothingBackInAFile()
 {
     const File results = makeFile();
     Console console(results.get(), stderr, false);
@@ -208,7 +208,7 @@ void TestConsole::takesNothingBackInAFile()
     QCOMPARE(contents(results), QByteArray());
 }
 
-void TestConsole::noticesThatNobodyReads()
+void TestWorkplaceConsole::noticesThatNobodyReads()
 {
     const File full(std::fopen("/dev/full", "w"));
     Console console(full.get(), stderr, false);
@@ -217,7 +217,7 @@ void TestConsole::noticesThatNobodyReads()
     QVERIFY(!console.isOpen());
 }
 
-void TestConsole::tellsAProblemOnLinesOfTheirOwn()
+void TestWorkplaceConsole::tellsAProblemOnLinesOfTheirOwn()
 {
     const File messages = makeFile();
     Console console(stdout, messages.get(), false);
@@ -226,7 +226,7 @@ void TestConsole::tellsAProblemOnLinesOfTheirOwn()
     QCOMPARE(contents(messages), QByteArray("connect: it could not\n  why: nobody answers\\x0a\n  do:  try again\n"));
 }
 
-void TestConsole::leavesOutWhatAProblemDoesNotSay()
+void TestWorkplaceConsole::leavesOutWhatAProblemDoesNotSay()
 {
     const File messages = makeFile();
     Console console(stdout, messages.get(), false);
@@ -234,7 +234,7 @@ void TestConsole::leavesOutWhatAProblemDoesNotSay()
     QCOMPARE(contents(messages), QByteArray("connect: it could not\n"));
 }
 
-void TestConsole::tellsAProblemAsAnObject()
+void TestWorkplaceConsole::tellsAProblemAsAnObject()
 {
     const File results = makeFile();
     const File messages = makeFile();
@@ -252,5 +252,5 @@ void TestConsole::tellsAProblemAsAnObject()
     QVERIFY(!contents(messages).isEmpty());
 }
 
-QTEST_GUILESS_MAIN(TestConsole)
-#include "tst_console.moc"
+QTEST_GUILESS_MAIN(TestWorkplaceConsole)
+#include "tst_workplace_console.moc"

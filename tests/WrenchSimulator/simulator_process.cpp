@@ -1,0 +1,91 @@
+#include "simulator_process.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+
+#include <array>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+namespace {
+constexpr int c_patienceMs = 5000;
+}
+
+SimulatorProcess::~SimulatorProcess()
+{
+    m_process.terminate();
+    m_process.waitForFinished();
+}
+
+bool SimulatorProcess::start(const QStringList& arguments)
+{
+    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_process.start(QStringLiteral(SIMULATOR), QStringList(QStringLiteral("--console")) + arguments);
+    const QString line = readLine();
+    if (!line.startsWith(QStringLiteral("ready "))) {
+        return false;
+    }
+    m_path = line.mid(6);
+    return true;
+}
+
+QString SimulatorProcess::command(const char* text)
+{
+    m_process.write(QByteArray(text) + '\n');
+    return readLine();
+}
+
+QString SimulatorProcess::readLine()
+{
+    while (!m_process.canReadLine()) {
+        if (!m_process.waitForReadyRead(c_patienceMs)) {
+            return {};
+        }
+    }
+    return QString::fromLocal8Bit(m_process.readLine()).trimmed();
+}
+
+OpenTerminal::OpenTerminal(const QString& path)
+    : m_descriptor(::open(QFile::encodeName(path).constData(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC))
+{}
+
+OpenTerminal::~OpenTerminal()
+{
+    if (isOpen()) {
+        ::close(m_descriptor);
+    }
+}
+
+void OpenTerminal::send(const QByteArray& frame)
+{
+    const QByteArray bytes = frame + "\r\n";
+    if (::write(m_descriptor, bytes.constData(), static_cast<size_t>(bytes.size())) != bytes.size()) {
+        qWarning("the terminal did not take %d bytes", bytes.size());
+    }
+}
+
+QByteArray OpenTerminal::receive(int bytes)
+{
+    QByteArray result;
+    while (result.size() < bytes) {
+        pollfd poll{m_descriptor, POLLIN, 0};
+        std::array<char, 4096> buffer{};
+        if (::poll(&poll, 1, c_patienceMs) <= 0) {
+            break;
+        }
+        const ssize_t size = ::read(m_descriptor, buffer.data(), buffer.size());
+        if (size <= 0) {
+            break;
+        }
+        result.append(buffer.data(), static_cast<int>(size));
+    }
+    return result;
+}
+
+bool OpenTerminal::waitForHangUp()
+{
+    pollfd poll{m_descriptor, 0, 0};
+    return ::poll(&poll, 1, c_patienceMs) == 1 && (poll.revents & POLLHUP) != 0;
+}

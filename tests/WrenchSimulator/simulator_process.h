@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QByteArray>
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+/// The built simulator with a console, running on its own.
+class SimulatorProcess
+{
+public:
+    ~SimulatorProcess();
+
+    /// Starts it and waits for "ready"; false when it ended or said something else.
+    bool start(const QStringList& arguments);
+
+    /// One console command and its answer, or what else it said first.
+    QString command(const char* text);
+
+    QString readLine();
+    QString path() const { return m_path; }
+    QProcess& process() { return m_process; }
+
+private:
+    QProcess m_process;
+    QString m_path;
+};
+
+/// The terminal as a program under test has it: plain system calls, nothing set but non-blocking.
+class OpenTerminal
+{
+public:
+    explicit OpenTerminal(const QString& path);
+    ~OpenTerminal();
+    OpenTerminal(const OpenTerminal&) = delete;
+    OpenTerminal& operator=(const OpenTerminal&) = delete;
+
+    bool isOpen() const { return m_descriptor >= 0; }
+    int descriptor() const { return m_descriptor; }
+    void send(const QByteArray& frame);
+
+    /// Waits for so many bytes, at most five seconds. Less: what came until then, or until the line was hung up.
+    QByteArray receive(int bytes);
+
+    /// True when the other side hangs up within five seconds.
+    bool waitForHangUp();
+
+private:
+    int m_descriptor;
+};

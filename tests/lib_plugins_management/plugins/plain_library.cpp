@@ -1,0 +1,7 @@
+// A library, but no plugin.
+int plainLibraryFunction();
+
+int plainLibraryFunction()
+{
+    return 1;
+}
