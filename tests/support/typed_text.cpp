@@ -25,7 +25,7 @@ QVariant withIntegers(const QJsonValue& value)
     if (value.isArray()) {
         QVariantList list;
         const QJsonArray array = value.toArray();
-        for (const auto element : array) {
+        for (const auto& element : array) {
             list.append(withIntegers(element));
         }
         return list;
