@@ -50,7 +50,7 @@ void TestSessionCourse::runsTheCommandsInOrder()
     SessionFixture fixture;
     fixture.start();
     QCOMPARE(fixture.talk, (QStringList{
-                               QStringLiteral("driver listenEventsData observe=true subscription=true"),
+                               QStringLiteral("driver listenEventsData subscription=true"),
                                QStringLiteral("device searchAndConnect name=scripted serialId=2210"),
                                QStringLiteral("device sendInitConfig"),
                                QStringLiteral("device listProgram"),
