@@ -118,7 +118,7 @@ void TestDriverListen::staysOpenUntilItIsStopped()
     const DriverFixture driver;
     const Run run = driver.listen();
     driver.port->arrive("1");
-    driver.clock->advance(3600 * 1000);
+    driver.clock->advance(3600000);
     driver.port->arrive("2");
     QVERIFY(!run.isFinished());
     QCOMPARE(heard(run), QByteArray("12"));

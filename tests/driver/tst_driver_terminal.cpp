@@ -265,16 +265,15 @@ public:
         m_process = ::fork();
         if (m_process == 0) {
             const int port = ::open(name.constData(), O_RDWR | O_NOCTTY);
-            const bool isHeld = port >= 0 && ::flock(port, LOCK_EX) == 0 && ::write(ready[1], "", 1) == 1;
-            while (isHeld) {
-                ::pause();
+            if (port >= 0 && ::flock(port, LOCK_EX) == 0 && ::write(ready[1], "", 1) == 1) {
+                ::pause(); // until it is killed
             }
             ::_exit(1);
         }
+        ::close(ready[1]); // so that reading ends when the child does
         char byte = 0;
         m_isHolding = ::read(ready[0], &byte, 1) == 1;
         ::close(ready[0]);
-        ::close(ready[1]);
     }
     ~Holder() { kill(); }
 
@@ -370,7 +369,7 @@ QString problemForAnOrdinaryUser(const QString& port)
     if (!reader.open(answer[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
         return {};
     }
-    const QString told = QString::fromUtf8(reader.readAll());
+    QString told = QString::fromUtf8(reader.readAll());
     ::waitpid(child, nullptr, 0);
     return told;
 }

@@ -55,6 +55,7 @@ private:
 
     std::unique_ptr<DriverFixture> m_driver;
     Run m_listener;
+    QVector<SerialLine::State> m_states; // as the line has gone through them
 };
 
 void TestKeepAlive::init()
@@ -304,12 +305,12 @@ void TestKeepAlive::isNeverConnectedBetweenNoAnswerAndLost()
 {
     set();
     askInVain(3);
-    QVector<SerialLine::State> states;
+    m_states.clear();
     const SerialLine* line = m_driver->plugin->line();
-    connect(line, &SerialLine::changed, this, [&] { states.append(line->state()); });
+    connect(line, &SerialLine::changed, this, [this, line] { m_states.append(line->state()); });
     m_driver->port->openProblem = QStringLiteral("It is missing.");
     m_driver->port->fail(QStringLiteral("It went away."));
-    QCOMPARE(states, QVector<SerialLine::State>{SerialLine::State::Lost});
+    QCOMPARE(m_states, QVector<SerialLine::State>{SerialLine::State::Lost});
 }
 
 void TestKeepAlive::leavesLinesAloneWhileItHasNotAsked()

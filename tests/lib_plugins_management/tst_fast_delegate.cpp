@@ -189,10 +189,10 @@ void TstFastDelegate::referencesArePassedAsTheyAre()
         }
         const int* seen = nullptr;
     };
-    Keeper keeper;
+    const auto keeper = std::make_unique<Keeper>(); // on the stack gcc 12 takes it for uninitialized
     const int value = 5;
-    MakeDelegate(&keeper, &Keeper::keep)(0, value);
-    QCOMPARE(keeper.seen, &value);
+    MakeDelegate(keeper.get(), &Keeper::keep)(0, value);
+    QCOMPARE(keeper->seen, &value);
 }
 
 void TstFastDelegate::nothingIsAllocated()

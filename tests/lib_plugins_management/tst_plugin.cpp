@@ -2,6 +2,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <stdexcept>
+
 #include "workbench.h"
 
 /// A plugin instance: identity, configuration, properties and the table of commands.
@@ -42,6 +44,7 @@ private Q_SLOTS:
     void initialisingTwiceKeepsTheCommands();
     void initialisingTellsTheCommands();
     void hostWithoutInstanceMakesNone();
+    void hostSurvivesAnInstanceThatThrows();
 
 private:
     std::unique_ptr<Workbench> m_bench;
@@ -59,6 +62,16 @@ class BarrenPlugin : public ScriptedPlugin
 public:
     BarrenPlugin() : ScriptedPlugin("Barren") {}
     IPlugin* createInstance(const QUuid&) const override { return nullptr; }
+};
+
+class ThrowingPlugin : public ScriptedPlugin
+{
+    Q_OBJECT
+
+public:
+    ThrowingPlugin() : ScriptedPlugin("Throwing") {}
+    void initPluginCommands() override { throw std::runtime_error("no such model"); }
+    IPlugin* createInstance(const QUuid&) const override { return new ThrowingPlugin; }
 };
 
 } // namespace
@@ -357,6 +370,14 @@ void TstPlugin::hostWithoutInstanceMakesNone()
     const int before = m_bench->host->instances().instances().size();
     QVERIFY(m_bench->host->createInstance(root, QUuid::createUuid()) == nullptr);
     QCOMPARE(m_bench->host->instances().instances().size(), before);
+}
+
+void TstPlugin::hostSurvivesAnInstanceThatThrows()
+{
+    const ThrowingPlugin root;
+    QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("Throwing.*no instance.*no such model")));
+    QVERIFY(m_bench->host->createInstance(root, QUuid::createUuid()) == nullptr);
+    m_bench->host.reset();
 }
 
 QTEST_GUILESS_MAIN(TstPlugin)

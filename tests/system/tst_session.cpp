@@ -255,7 +255,8 @@ void TestSession::endsWhenNobodyReadsItsOutput()
                          QStringLiteral("--serial-id"), QStringLiteral("2210"), QStringLiteral("--port"),
                          simulator.port(), QStringLiteral("--data"), folder}));
     QVERIFY2(shell.waitForEnd(), shell.report());
-    QCOMPARE(shell.exitStatus(), 0);
+    // It is noticed with the next line: before the session listens, or after.
+    QVERIFY2(shell.exitStatus() == 0 || shell.exitStatus() == 1, shell.report());
     QCOMPARE(shell.outputLines().size(), 1);
     QVERIFY(HeldPort::isFree(simulator.port()));
 }

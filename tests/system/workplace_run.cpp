@@ -12,8 +12,7 @@ const QString c_eventKey = QStringLiteral("event");
 bool WorkplaceRun::start(const QStringList& arguments)
 {
     return ProgramRun::start(QStringLiteral(APP_WORKPLACE),
-                             arguments + QStringList{QStringLiteral("--data"), m_folder.path(),
-                                                     QStringLiteral("--trace"),
+                             arguments + QStringList{QStringLiteral("--data"), m_store, QStringLiteral("--trace"),
                                                      m_folder.filePath(QStringLiteral("trace"))});
 }
 

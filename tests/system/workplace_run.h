@@ -12,6 +12,9 @@ class SimulatorRun;
 class WorkplaceRun : public ProgramRun
 {
 public:
+    /// Before the start: what is stored of a device is shared with other runs in this folder.
+    void keepStoreIn(const QString& folder) { m_store = folder; }
+
     /// True: it runs.
     bool start(const QStringList& arguments);
     bool startOn(const QString& port, const QStringList& arguments);
@@ -30,6 +33,7 @@ public:
 
 private:
     QTemporaryDir m_folder;
+    QString m_store = m_folder.path();
 };
 
 /// What is not as it has to be after a session on the simulator's line, however it ended; empty: all is in order. In

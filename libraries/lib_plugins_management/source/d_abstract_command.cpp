@@ -162,12 +162,14 @@ bool DAbstractCommand::finishTheCommand(bool& ok)
 quint64 DAbstractCommand::addInstruction(const QString& target, const QString& instruction,
                                          const QMap<QString, QVariant>& params, int timeoutMs, ReplyDelegate onReply)
 {
-    IOrder* order = d_ptr->order();
+    // The thread first: nothing else may be looked at from another one.
+    const bool isOwnThread = QThread::currentThread() == thread();
+    IOrder* order = isOwnThread ? d_ptr->order() : nullptr;
     QString refusal;
-    if (order == nullptr) {
-        refusal = QStringLiteral("the command has no order; run it through the host");
-    } else if (QThread::currentThread() != thread()) {
+    if (!isOwnThread) {
         refusal = QStringLiteral("it comes from another thread; send it from the host's");
+    } else if (order == nullptr) {
+        refusal = QStringLiteral("the command has no order; run it through the host");
     } else if (timeoutMs <= 0) {
         refusal = QStringLiteral("its limit of %1 ms is not above 0").arg(timeoutMs);
     }

@@ -1,8 +1,11 @@
 #include <lib_plugins_management/host/d_host.h>
 
+#include <exception>
+
 #include <lib_plugins_management/d_abstract_plugin.h>
 
 #include "d_abstract_plugin_p.h"
+#include "logging.h"
 
 IPluginHost::~IPluginHost() = default;
 
@@ -22,21 +25,28 @@ DHost::~DHost()
 DAbstractPlugin* DHost::createInstance(const DAbstractPlugin& root, const QUuid& uuid,
                                        QSharedPointer<QJsonObject> config)
 {
-    IPlugin* made = root.createInstance(uuid);
-    auto* instance = dynamic_cast<DAbstractPlugin*>(made);
-    if (instance == nullptr) {
-        delete made;
+    try {
+        std::unique_ptr<IPlugin> made(root.createInstance(uuid));
+        auto* instance = dynamic_cast<DAbstractPlugin*>(made.get());
+        if (instance == nullptr) {
+            return nullptr;
+        }
+        if (!config.isNull()) {
+            instance->setMainConfig(std::move(config));
+        }
+        DAbstractPluginPrivate::get(*instance)->host = this;
+        instance->initPluginCommands();
+        made.release(); // NOLINT(bugprone-unused-return-value): the parent owns it from here on
+        instance->setParent(this);
+        m_instances.add(*instance);
+        m_treatments.instanceAdded(*instance);
+        return instance;
+    } catch (const std::exception& error) {
+        qCCritical(lcPluginsManagement).noquote()
+            << QStringLiteral("%1 makes no instance %2 (%3); ask the plugin's maker for a mended one")
+                   .arg(root.getDebugIdentification(), uuid.toString(), QString::fromUtf8(error.what()));
         return nullptr;
     }
-    instance->setParent(this);
-    if (!config.isNull()) {
-        instance->setMainConfig(std::move(config));
-    }
-    DAbstractPluginPrivate::get(*instance)->host = this;
-    instance->initPluginCommands();
-    m_instances.add(*instance);
-    m_treatments.instanceAdded(*instance);
-    return instance;
 }
 
 void DHost::linkDriver(const DAbstractPlugin& device, DAbstractPlugin& driver)

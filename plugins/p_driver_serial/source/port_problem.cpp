@@ -8,6 +8,7 @@
 #include <QSerialPortInfo>
 #include <QStringList>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -95,6 +96,24 @@ QString missing(const QString& name)
                      .arg(name, existing);
 }
 
+QString noSerialPort(const QString& name)
+{
+    return QStringLiteral("%1 is no serial port: set \"port\" to one, for example below %2/.")
+        .arg(name, QLatin1String(c_namesFolder));
+}
+
+/// Of a character device that may be opened: /dev/null, for one. False, too, when it is a terminal in use.
+bool isNoTerminal(const QByteArray& path)
+{
+    const int file = ::open(path.constData(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0) {
+        return false;
+    }
+    const bool isTerminal = ::isatty(file) != 0;
+    ::close(file);
+    return !isTerminal;
+}
+
 QString notPermitted(const QString& name, const QString& location)
 {
     const QString owner = QFileInfo(location).group();
@@ -137,11 +156,13 @@ QString port_problem::cannotOpen(const QString& name, const QString& systemText)
     const QByteArray path = QFile::encodeName(location);
     struct stat status = {};
     if (::stat(path.constData(), &status) == 0 && !S_ISCHR(status.st_mode)) {
-        return QStringLiteral("%1 is no serial port: set \"port\" to one, for example below %2/.")
-            .arg(name, QLatin1String(c_namesFolder));
+        return noSerialPort(name);
     }
     if (::access(path.constData(), R_OK | W_OK) != 0) {
         return notPermitted(name, location);
+    }
+    if (isNoTerminal(path)) {
+        return noSerialPort(name);
     }
     const qint64 locker = processInLockFile(location);
     if (locker != 0) {

@@ -8,6 +8,7 @@
 
 #include <memory>
 
+#include <lib_plugins_management/d_abstract_plugin.h> // whole: only so its pointer may go through a queued signal
 #include <lib_plugins_management/export.h>
 #include <lib_plugins_management/host/d_instance_registry.h>
 #include <lib_plugins_management/host/d_order.h>
@@ -16,7 +17,6 @@
 #include <lib_plugins_management/host/i_plugin_host.h>
 
 class Clock;
-class DAbstractPlugin;
 
 /// The host as an application uses it: makes working instances of plugins, links devices with their drivers and runs
 /// commands. It owns the instances that it makes. One thread, the one of its event loop.
@@ -30,7 +30,7 @@ public:
     ~DHost() override;
 
     /// A working instance with its commands declared. config: the device's configuration, shared with the caller.
-    /// Null when the plugin makes none.
+    /// Null when the plugin makes none, or throws while it does (the log says what).
     DAbstractPlugin* createInstance(const DAbstractPlugin& root, const QUuid& uuid,
                                     QSharedPointer<QJsonObject> config = {});
     /// The device's instructions to "driver" go to that instance from now on. Both are instances of this host.

@@ -1,0 +1,287 @@
+#include <QtTest>
+
+#include <QDir>
+#include <QFile>
+
+#include "workplace_run.h"
+
+namespace {
+
+constexpr int c_usage = 2;
+constexpr int c_setUpProblem = 3;
+
+/// "run setLock lock=true" as arguments; what stands in quotes may hold no blank.
+QStringList words(const char* text)
+{
+    return QString::fromUtf8(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+class TestCommandUsage : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void refusesAWrongCommandLine_data();
+    void refusesAWrongCommandLine();
+    void takesOptionsBeforeAndBehindTheCommand_data();
+    void takesOptionsBeforeAndBehindTheCommand();
+    void showsItsHelp_data();
+    void showsItsHelp();
+    void listsTheElevenCommands();
+    void listsThePorts();
+    void refusesAFolderWithoutPlugins_data();
+    void refusesAFolderWithoutPlugins();
+    void loadsTheGoodPluginsBesideABadFile();
+    void runsWithoutAPluginThatIsNotNeeded();
+    void refusesAWrongConfiguration_data();
+    void refusesAWrongConfiguration();
+    void refusesAConfigurationThatIsNotThere();
+    void takesThePortFromTheConfiguration();
+
+private:
+    static bool write(const QString& file, const QByteArray& text);
+    static bool linkPlugins(const QTemporaryDir& folder, const QStringList& names);
+};
+
+bool TestCommandUsage::write(const QString& file, const QByteArray& text)
+{
+    QFile output(file);
+    return output.open(QIODevice::WriteOnly) && output.write(text) == text.size();
+}
+
+bool TestCommandUsage::linkPlugins(const QTemporaryDir& folder, const QStringList& names)
+{
+    bool isDone = true;
+    for (const QString& name : names) {
+        isDone = QFile::link(QDir(QStringLiteral(PLUGINS)).filePath(name), folder.filePath(name)) && isDone;
+    }
+    return isDone;
+}
+
+void TestCommandUsage::refusesAWrongCommandLine_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("named");
+    const auto row = [](const char* arguments, const char* named) {
+        QTest::newRow(*arguments != '\0' ? arguments : "nothing") << words(arguments) << QString::fromUtf8(named);
+    };
+    row("", "no command is given");
+    row("frobnicate", "\"frobnicate\"");
+    row("session --frobnicate", "frobnicate");
+    row("--frobnicate session", "frobnicate");
+    row("session --count none", "--count takes a whole number from 1 to 1000000, not \"none\"");
+    row("session --count 0", "--count");
+    row("session --count -1", "--count");
+    row("session --duration long", "--duration");
+    row("session --limit nan", "--limit");
+    row("session --program two", "--program");
+    row("session more", "\"more\"");
+    row("session --port /dev/no-such-port", "--serial-id");
+    row("scan more", "\"more\"");
+    row("scan --duration long", "--duration");
+    row("ports more", "\"more\"");
+    row("commands setLock setProgram", "one command");
+    row("commands frobnicate", "\"frobnicate\"");
+    row("run", "no command of a plugin is named");
+    row("run frobnicate", "\"frobnicate\"");
+    row("run elsewhere/setLock lock=true", "\"setLock\"");
+    row("run setLock", "needs the parameter \"lock\"");
+    row("run setLock lock", "\"lock\" is not of the form name=value");
+    row("run setLock lock=maybe", "takes true or false, not \"maybe\"");
+    row("run setLock lock=true lock=false", "given twice");
+    row("run setLock key=true", "has no parameter \"key\"");
+    row("run setProgram progId=two", "takes a whole number, not \"two\"");
+    row("run setProgram progId=1.5", "takes a whole number, not \"1.5\"");
+    row("run setProgram progId=99999999999", "takes a whole number");
+    row("run setLock lock=true --limit soon", "--limit");
+}
+
+void TestCommandUsage::refusesAWrongCommandLine()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, named);
+    WorkplaceRun run;
+    QVERIFY(run.start(arguments));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), c_usage);
+    QVERIFY2(run.messages().contains(named), run.report());
+    QCOMPARE(run.output(), QString());
+}
+
+void TestCommandUsage::takesOptionsBeforeAndBehindTheCommand_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("before") << words("--json commands setLock");
+    QTest::newRow("between") << words("commands --json setLock");
+    QTest::newRow("behind") << words("commands setLock --json");
+}
+
+void TestCommandUsage::takesOptionsBeforeAndBehindTheCommand()
+{
+    QFETCH(QStringList, arguments);
+    WorkplaceRun run;
+    QVERIFY(run.start(arguments));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), 0);
+    QCOMPARE(run.events(QStringLiteral("command")).size(), 1);
+}
+
+void TestCommandUsage::showsItsHelp_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    for (const char* arguments : {"--help", "-h", "session --help", "scan --help", "run --help", "commands --help",
+                                  "ports --help", "--help session"}) {
+        QTest::newRow(arguments) << words(arguments);
+    }
+}
+
+void TestCommandUsage::showsItsHelp()
+{
+    QFETCH(QStringList, arguments);
+    WorkplaceRun run;
+    QVERIFY(run.start(arguments));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), 0);
+    QVERIFY2(run.output().startsWith(QLatin1String("Usage: app_workplace ")), run.report());
+    QVERIFY2(run.output().contains(QLatin1String("--port PATH|simulated")), run.report());
+    QCOMPARE(run.messages(), QString());
+}
+
+void TestCommandUsage::listsTheElevenCommands()
+{
+    WorkplaceRun run;
+    QVERIFY(run.start(words("commands --json")));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), 0);
+    QStringList names;
+    const QList<QJsonObject> commands = run.events(QStringLiteral("command"));
+    for (const QJsonObject& command : commands) {
+        if (command.value(QLatin1String("plugin")).toString() == QLatin1String("Plugin Device Haitor")) {
+            names.append(command.value(QLatin1String("command")).toObject().value(QLatin1String("name")).toString());
+        }
+    }
+    std::sort(names.begin(), names.end());
+    QCOMPARE(names, words("checkSerialId getPresetData listProgram listenEventsData searchAndConnect sendInitConfig "
+                          "setKeepAlive setKeepAliveFonction setLock setProgram startDetection"));
+}
+
+void TestCommandUsage::listsThePorts()
+{
+    WorkplaceRun run;
+    QVERIFY(run.start(words("ports")));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), 0);
+    const QString all = run.output() + run.messages();
+    QVERIFY2(all.contains(QLatin1String("usable")) || all.contains(QLatin1String("has no serial port")), run.report());
+}
+
+void TestCommandUsage::refusesAFolderWithoutPlugins_data()
+{
+    QTest::addColumn<bool>("isThere");
+    QTest::addColumn<QString>("cause");
+    QTest::newRow("missing") << false << QStringLiteral("there is no such folder");
+    QTest::newRow("empty") << true << QStringLiteral("it holds no library");
+}
+
+void TestCommandUsage::refusesAFolderWithoutPlugins()
+{
+    QFETCH(bool, isThere);
+    QFETCH(QString, cause);
+    const QTemporaryDir folder;
+    const QString path = isThere ? folder.path() : folder.filePath(QStringLiteral("missing"));
+    for (const char* command : {"session", "scan", "run setLock lock=true", "commands"}) {
+        WorkplaceRun run;
+        QVERIFY(run.start(words(command) + QStringList{QStringLiteral("--plugins"), path}));
+        QVERIFY2(run.waitForEnd(), run.report());
+        QCOMPARE(run.exitStatus(), c_setUpProblem);
+        QVERIFY2(run.messages().contains(path) && run.messages().contains(cause), run.report());
+    }
+}
+
+void TestCommandUsage::loadsTheGoodPluginsBesideABadFile()
+{
+    const QTemporaryDir folder;
+    QVERIFY(linkPlugins(folder, words("p_device_haitor.so p_driver_serial.so")));
+    const QString bad = folder.filePath(QStringLiteral("a_bad_one.so"));
+    QVERIFY(write(bad, "no library\n"));
+    WorkplaceRun run;
+    QVERIFY(run.start(words("session --json --count 1 --plugins") << folder.path()));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), 0);
+    QCOMPARE(run.events(QStringLiteral("result")).size(), 1);
+    QVERIFY2(run.messages().contains(bad) && run.messages().contains(QLatin1String("is no Qt plugin")), run.report());
+}
+
+void TestCommandUsage::runsWithoutAPluginThatIsNotNeeded()
+{
+    const QTemporaryDir folder;
+    QVERIFY(linkPlugins(folder, words("p_device_haitor.so")));
+    WorkplaceRun listing;
+    QVERIFY(listing.start(words("commands --plugins") << folder.path()));
+    QVERIFY2(listing.waitForEnd(), listing.report());
+    QCOMPARE(listing.exitStatus(), 0);
+
+    WorkplaceRun session;
+    QVERIFY(session.start(words("session --plugins") << folder.path()));
+    QVERIFY2(session.waitForEnd(), session.report());
+    QCOMPARE(session.exitStatus(), c_setUpProblem);
+    QVERIFY2(session.messages().contains(QLatin1String("there is no driver plugin")), session.report());
+}
+
+void TestCommandUsage::refusesAWrongConfiguration_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("named");
+    const auto row = [](const char* name, const char* text, const char* named) {
+        QTest::newRow(name) << QByteArray(text) << QString::fromUtf8(named);
+    };
+    row("empty", "", "line 1");
+    row("no JSON", "{\n  \"port\":\n", "line 3\n");
+    row("no object", "[]", "it is not a JSON object");
+    row("unknown entry", "{\n  \"prot\": \"/dev/x\"\n}", "line 2\n  why: \"prot\" is not known\n");
+    row("wrong type", "{ \"port\": 7 }", "\"port\" is not a text");
+    row("driver of a wrong type", "{ \"driver\": \"fast\" }", "\"driver\" is not an object");
+    row("driver's setting out of range", "{ \"driver\": { \"baudRate\": -1 } }", "baudRate");
+    row("driver's setting of a wrong type", "{ \"driver\": { \"parity\": true } }", "parity");
+}
+
+void TestCommandUsage::refusesAWrongConfiguration()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, named);
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("configuration.json"));
+    QVERIFY(write(file, text));
+    WorkplaceRun run;
+    QVERIFY(run.start(words("session --config") << file));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), c_setUpProblem);
+    QVERIFY2(run.messages().contains(named), run.report());
+}
+
+void TestCommandUsage::refusesAConfigurationThatIsNotThere()
+{
+    WorkplaceRun run;
+    QVERIFY(run.start(words("session --config /no/such/file")));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), c_setUpProblem);
+    QVERIFY2(run.messages().contains(QLatin1String("/no/such/file")), run.report());
+}
+
+void TestCommandUsage::takesThePortFromTheConfiguration()
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("configuration.json"));
+    QVERIFY(write(file, "{ \"port\": \"/dev/no-such-port\", \"serialId\": \"2210\" }"));
+    WorkplaceRun run;
+    QVERIFY(run.start(words("session --config") << file));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), c_setUpProblem);
+    QVERIFY2(run.messages().contains(QLatin1String("/dev/no-such-port")), run.report());
+}
+
+QTEST_GUILESS_MAIN(TestCommandUsage)
+
+#include "tst_command_usage.moc"

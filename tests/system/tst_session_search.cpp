@@ -1,0 +1,39 @@
+#include <QtTest>
+
+#include "simulator_run.h"
+#include "workplace_run.h"
+
+class TestSessionSearch : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void givesUpAfterTenSecondsAndNamesWhatItHeard();
+};
+
+void TestSessionSearch::givesUpAfterTenSecondsAndNamesWhatItHeard()
+{
+    SimulatorRun simulator;
+    WorkplaceRun session;
+    QVERIFY2(simulator.start({QStringLiteral("--wrench"), QStringLiteral("2210"), QStringLiteral("--wrench"),
+                              QStringLiteral("2211"), QStringLiteral("--scan-period"), QStringLiteral("1000")}),
+             simulator.report());
+    QVERIFY(session.startSession(simulator, {QStringLiteral("--serial-id"), QStringLiteral("9999")}));
+    QVERIFY2(session.waitForEnd(), session.report());
+    QCOMPARE(session.exitStatus(), 1);
+    const QJsonObject error = session.event(QStringLiteral("error"));
+    QCOMPARE(error.value(QLatin1String("step")).toString(), QStringLiteral("connect"));
+    const QString reason = error.value(QLatin1String("reason")).toString();
+    QVERIFY2(reason.contains(QLatin1String("2210 (")) && reason.contains(QLatin1String("2211 (")), session.report());
+    const int elapsedMs = session.event(QStringLiteral("summary")).value(QLatin1String("elapsedMs")).toInt();
+    QVERIFY2(elapsedMs >= 10000 && elapsedMs < 15000, session.report());
+    // The command hangs up and closes the line, hangs up once more, and the session does both again.
+    QCOMPARE(session.trace().sent(),
+             (QStringList{QStringLiteral("ATS"), QStringLiteral("ATH"), QStringLiteral("ATH"), QStringLiteral("ATH")}));
+    QVERIFY2(session.trace().remarks().count(QStringLiteral("closed")) == 2, session.report());
+    QCOMPARE(disorderAfter(session, simulator), QString());
+}
+
+QTEST_GUILESS_MAIN(TestSessionSearch)
+
+#include "tst_session_search.moc"
