@@ -69,8 +69,7 @@ void TestPDriverSerial::describesItsCommands_data()
     QTest::newRow("write") << QStringLiteral("write")
                            << QStringList{QStringLiteral("frame strg"), QStringLiteral("timeout int")} << answer;
     QTest::newRow("listen") << QStringLiteral("listenEventsData")
-                            << QStringList{QStringLiteral("subscription bool"), QStringLiteral("validator strg"),
-                                           QStringLiteral("observe bool")}
+                            << QStringList{QStringLiteral("subscription bool"), QStringLiteral("validator strg")}
                             << QStringList{QStringLiteral("frame strg"), QStringLiteral("number int")};
     QTest::newRow("close") << QStringLiteral("closeConnection") << QStringList() << answer;
     QTest::newRow("keep-alive") << QStringLiteral("setKeepAliveFonction")

@@ -58,5 +58,6 @@ int main(int argc, char* argv[])
     // Queued: a command that ends at once would end a loop that does not run yet.
     QObject::connect(command.get(), &CliCommand::sigDone, &application, &QCoreApplication::exit, Qt::QueuedConnection);
     QTimer::singleShot(0, command.get(), &CliCommand::start);
-    return QCoreApplication::exec();
+    const int exitStatus = QCoreApplication::exec();
+    return exitStatus == 0 && console.hasLost() ? int(Problem::Kind::SetUp) : exitStatus;
 }

@@ -3,6 +3,9 @@
 #include <QDateTime>
 #include <QJsonDocument>
 
+#include <cerrno>
+#include <cstring>
+
 #include <unistd.h>
 
 namespace {
@@ -99,7 +102,13 @@ void Console::put(std::FILE* stream, const QByteArray& bytes)
 {
     const auto size = std::size_t(bytes.size());
     const bool isWritten = std::fwrite(bytes.constData(), 1, size, stream) == size && std::fflush(stream) == 0;
-    if (!isWritten && stream == m_results) {
+    if (!isWritten && stream == m_results && m_isOpen) {
+        const int error = errno;
         m_isOpen = false;
+        m_hasLost = error != EPIPE; // who stops reading has had enough
+        if (m_hasLost) {
+            message(QStringLiteral("The results cannot be written (%1): make room, or write them elsewhere.")
+                        .arg(QString::fromLocal8Bit(std::strerror(error))));
+        }
     }
 }

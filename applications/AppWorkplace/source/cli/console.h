@@ -34,6 +34,8 @@ public:
 
     /// False once somebody has closed the results.
     bool isOpen() const { return m_isOpen; }
+    /// True once results could not be written for another reason than that.
+    bool hasLost() const { return m_hasLost; }
 
     static QString visible(const QString& text);
 
@@ -47,5 +49,6 @@ private:
     bool m_isTerminal;
     bool m_isColoured;
     bool m_isOpen = true;
+    bool m_hasLost = false;
     QByteArray m_progress;
 };

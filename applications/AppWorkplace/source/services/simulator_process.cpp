@@ -2,9 +2,11 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QTimer>
 
 namespace {
 
+constexpr int c_readyLimitMs = 10000;
 constexpr int c_endLimitMs = 1000;
 const QByteArray c_readyPrefix = QByteArrayLiteral("ready ");
 
@@ -53,6 +55,13 @@ void SimulatorProcess::start(const QString& serialId)
     if (!serialId.isEmpty()) {
         arguments << QStringLiteral("--wrench") << serialId;
     }
+    QTimer::singleShot(c_readyLimitMs, this, [this] {
+        if (!m_isReady) {
+            Q_EMIT sigFailed(QStringLiteral("%1 has not said within %2 s that it is ready")
+                                 .arg(m_process.program())
+                                 .arg(c_readyLimitMs / 1000));
+        }
+    });
     m_process.start(QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("wrench_simulator")),
                     arguments);
 }

@@ -3,15 +3,16 @@
 #include "simulator_run.h"
 #include "workplace_run.h"
 
-class TestSessionSearch : public QObject
+class TestSessionLimits : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void givesUpAfterTenSecondsAndNamesWhatItHeard();
+    void endsAStepAtItsOwnLimit();
 };
 
-void TestSessionSearch::givesUpAfterTenSecondsAndNamesWhatItHeard()
+void TestSessionLimits::givesUpAfterTenSecondsAndNamesWhatItHeard()
 {
     SimulatorRun simulator;
     WorkplaceRun session;
@@ -34,6 +35,20 @@ void TestSessionSearch::givesUpAfterTenSecondsAndNamesWhatItHeard()
     QCOMPARE(disorderAfter(session, simulator), QString());
 }
 
-QTEST_GUILESS_MAIN(TestSessionSearch)
+void TestSessionLimits::endsAStepAtItsOwnLimit()
+{
+    SimulatorRun simulator;
+    WorkplaceRun session;
+    QVERIFY2(simulator.start({QStringLiteral("--fault"), QStringLiteral("silence@5+")}), simulator.report());
+    QVERIFY(session.startSession(simulator));
+    QVERIFY2(session.waitForEnd(), session.report());
+    QCOMPARE(session.exitStatus(), 1);
+    const QJsonObject error = session.event(QStringLiteral("error"));
+    QCOMPARE(error.value(QLatin1String("step")).toString(), QStringLiteral("configure"));
+    QVERIFY2(error.value(QLatin1String("reason")).toString().contains(QLatin1String("the time limit of 5 s")),
+             session.report());
+}
 
-#include "tst_session_search.moc"
+QTEST_GUILESS_MAIN(TestSessionLimits)
+
+#include "tst_session_limits.moc"
