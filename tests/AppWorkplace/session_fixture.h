@@ -21,23 +21,25 @@ public:
         , session(std::make_unique<Session>(LinkedDevice{host, clock, *device, *driver}, order))
     {
         driver->setReaction(QStringLiteral("listenEventsData"), {Reaction::Kind::Silence, {}, [this] { openLine(); }});
-        QObject::connect(session.get(), &Session::sigStepDone, [this](Session::Step step, qint64 elapsedMs) {
-            events.append(QStringLiteral("done %1 %2").arg(textOf(step).name).arg(elapsedMs));
-        });
-        QObject::connect(session.get(), &Session::sigReady, [this] { events.append(QStringLiteral("ready")); });
-        QObject::connect(session.get(), &Session::sigResult, [this](const QVariantMap& eventData) {
+        QObject::connect(session.get(), &Session::sigStepDone, session.get(),
+                         [this](Session::Step step, qint64 elapsedMs) {
+                             events.append(QStringLiteral("done %1 %2").arg(textOf(step).name).arg(elapsedMs));
+                         });
+        QObject::connect(session.get(), &Session::sigReady, session.get(),
+                         [this] { events.append(QStringLiteral("ready")); });
+        QObject::connect(session.get(), &Session::sigResult, session.get(), [this](const QVariantMap& eventData) {
             events.append(QStringLiteral("result %1").arg(eventData.value(QStringLiteral("readingNumber")).toString()));
         });
-        QObject::connect(session.get(), &Session::sigLink,
+        QObject::connect(session.get(), &Session::sigLink, session.get(),
                          [this](bool isConnected, const QString& state, const QString& message) {
                              const QString word = isConnected ? QStringLiteral("up") : QStringLiteral("down");
                              events.append(QStringLiteral("link %1 %2 %3").arg(word, state, message).trimmed());
                          });
-        QObject::connect(session.get(), &Session::sigFailed, [this](const Problem& told) {
+        QObject::connect(session.get(), &Session::sigFailed, session.get(), [this](const Problem& told) {
             problem = told;
             ++problems;
         });
-        QObject::connect(session.get(), &Session::sigFinished, [this](const SessionSummary& told) {
+        QObject::connect(session.get(), &Session::sigFinished, session.get(), [this](const SessionSummary& told) {
             summary = told;
             ++ends;
         });

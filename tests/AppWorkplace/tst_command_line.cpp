@@ -190,7 +190,7 @@ void TestCommandLine::showsTheHelp_data()
         QStringList expected{QStringLiteral("Usage: app_workplace [options] ") + entry.name, entry.summary,
                              QStringLiteral("--json")};
         for (const QCommandLineOption& option : entry.options) {
-            expected.append(QStringLiteral("--") + option.names().last());
+            expected.append(QStringLiteral("--") + option.names().constLast());
         }
         QTest::newRow(qPrintable(entry.name)) << entry.name + QStringLiteral(" --help") << expected;
         QTest::newRow(qPrintable(QStringLiteral("before ") + entry.name))

@@ -4,8 +4,10 @@
 
 namespace {
 
-const QStringList c_orderlyEnd = {QStringLiteral("driver write frame=ATH\r\n timeout=500"),
-                                  QStringLiteral("driver closeConnection")};
+QStringList orderlyEnd()
+{
+    return {QStringLiteral("driver write frame=ATH\r\n timeout=500"), QStringLiteral("driver closeConnection")};
+}
 
 SessionOrder orderFor(int results, int durationMs)
 {
@@ -91,7 +93,8 @@ void TestSessionCourse::tellsTheProgramsWithTheirPresets()
 {
     SessionFixture fixture;
     QVariantList programs;
-    QObject::connect(fixture.session.get(), &Session::sigPrograms, [&](const QVariantList& told) { programs = told; });
+    QObject::connect(fixture.session.get(), &Session::sigPrograms, fixture.session.get(),
+                     [&](const QVariantList& told) { programs = told; });
     fixture.start();
     const QVariantMap preset{{QStringLiteral("unit"), QStringLiteral("N.m")}};
     QVariantList expected;
@@ -106,10 +109,11 @@ void TestSessionCourse::tellsTheSelectedPreset()
     SessionFixture fixture;
     int selected = 0;
     QVariantMap preset;
-    QObject::connect(fixture.session.get(), &Session::sigSelected, [&](int program, const QVariantMap& told) {
-        selected = program;
-        preset = told;
-    });
+    QObject::connect(fixture.session.get(), &Session::sigSelected, fixture.session.get(),
+                     [&](int program, const QVariantMap& told) {
+                         selected = program;
+                         preset = told;
+                     });
     fixture.start();
     QCOMPARE(selected, 2);
     QCOMPARE(preset, (QVariantMap{{QStringLiteral("unit"), QStringLiteral("N.m")}}));
@@ -120,7 +124,7 @@ void TestSessionCourse::tellsWhatTheScanHears()
     SessionFixture fixture;
     fixture.react(QStringLiteral("searchAndConnect"), Reaction::Kind::Silence);
     QVector<QVariantList> heard;
-    QObject::connect(fixture.session.get(), &Session::sigWrenchesHeard,
+    QObject::connect(fixture.session.get(), &Session::sigWrenchesHeard, fixture.session.get(),
                      [&](const QVariantList& wrenches) { heard.append(wrenches); });
     fixture.start();
     fixture.say("RESP AA:01 TW60 2211 -71\r\nRESP AA:02 TW60 2210 -58\r\nRESP AA:02 TW60 2210 -58\r\n");
@@ -140,7 +144,7 @@ void TestSessionCourse::getsReadyWithoutListening()
     QVERIFY(!fixture.device->isRunning(QStringLiteral("listenEventsData")));
     fixture.session->interrupt();
     fixture.turn();
-    QCOMPARE(fixture.talk.mid(fixture.talk.size() - 2), c_orderlyEnd);
+    QCOMPARE(fixture.talk.mid(fixture.talk.size() - 2), orderlyEnd());
 }
 
 void TestSessionCourse::endsAfterTheCount()
@@ -261,7 +265,7 @@ void TestSessionCourse::endsOrderlyWhileListening()
     QCOMPARE(fixture.talkFrom(QStringLiteral("device stopped listenEventsData")),
              (QStringList{QStringLiteral("device stopped listenEventsData"),
                           QStringLiteral("driver stopped listenEventsData")} +
-              c_orderlyEnd));
+              orderlyEnd()));
 }
 
 void TestSessionCourse::endsOnce()
@@ -299,7 +303,7 @@ void TestSessionCourse::endsWithADriverThatCannotHangUp()
     auto* poor = static_cast<ScriptedPlugin*>(fixture.host.createInstance(root, QUuid::createUuid()));
     Session session({fixture.host, fixture.clock, *fixture.device, *poor}, SessionFixture::defaultOrder());
     int ends = 0;
-    QObject::connect(&session, &Session::sigFinished, [&] { ++ends; });
+    QObject::connect(&session, &Session::sigFinished, &session, [&] { ++ends; });
     session.start();
     fixture.turn();
     poor->setProperty(QStringLiteral("connected"), true, false);

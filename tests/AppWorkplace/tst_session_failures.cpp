@@ -4,8 +4,10 @@
 
 namespace {
 
-const QStringList c_orderlyEnd = {QStringLiteral("driver write frame=ATH\r\n timeout=500"),
-                                  QStringLiteral("driver closeConnection")};
+QStringList orderlyEnd()
+{
+    return {QStringLiteral("driver write frame=ATH\r\n timeout=500"), QStringLiteral("driver closeConnection")};
+}
 
 enum class Presets { With, Without }; // the plugin answers for them itself and never says no
 
@@ -76,7 +78,7 @@ void TestSessionFailures::failsWhenTheDeviceSaysNo()
     QCOMPARE(fixture.problem.exitStatus(), 1);
     QVERIFY(!fixture.problem.cause.isEmpty());
     QVERIFY(!fixture.problem.mend.isEmpty());
-    QCOMPARE(fixture.talk.mid(fixture.talk.size() - 2), c_orderlyEnd);
+    QCOMPARE(fixture.talk.mid(fixture.talk.size() - 2), orderlyEnd());
     QCOMPARE(fixture.ends, 1);
     QCOMPARE(fixture.summary.end, SessionSummary::End::Failure);
 }
@@ -95,7 +97,7 @@ void TestSessionFailures::failsAtTheTimeLimit()
     QCOMPARE(fixture.talk.mid(fixture.talk.size() - 4),
              (QStringList{QStringLiteral("device stopped %1").arg(command),
                           QStringLiteral("driver stopped listenEventsData")} +
-              c_orderlyEnd));
+              orderlyEnd()));
     QCOMPARE(fixture.ends, 1);
 }
 
@@ -127,7 +129,7 @@ void TestSessionFailures::failsWhenThePluginRefuses()
     QCOMPARE(fixture.problem.step, step);
     QCOMPARE(fixture.problem.cause, QStringLiteral("the device plugin refused \"%1\"").arg(command));
     QCOMPARE(fixture.problem.exitStatus(), 3);
-    QCOMPARE(fixture.talk.mid(fixture.talk.size() - 2), c_orderlyEnd);
+    QCOMPARE(fixture.talk.mid(fixture.talk.size() - 2), orderlyEnd());
 }
 
 void TestSessionFailures::failsWhenTheLineIsLost()
@@ -143,7 +145,7 @@ void TestSessionFailures::failsWhenTheLineIsLost()
     QCOMPARE(fixture.problem.cause, QStringLiteral("The port went away: plug it in."));
     QCOMPARE(fixture.problem.mend, QString()); // the driver has said it
     QCOMPARE(fixture.problem.exitStatus(), 3);
-    QCOMPARE(fixture.talk.mid(fixture.talk.size() - 2), c_orderlyEnd);
+    QCOMPARE(fixture.talk.mid(fixture.talk.size() - 2), orderlyEnd());
 }
 
 void TestSessionFailures::goesOnWhenTheLineIsBackAtOnce()
@@ -175,7 +177,7 @@ void TestSessionFailures::endsOrderlyWhenInterrupted()
     QCOMPARE(fixture.talk.mid(fixture.talk.size() - 4),
              (QStringList{QStringLiteral("device stopped %1").arg(command),
                           QStringLiteral("driver stopped listenEventsData")} +
-              c_orderlyEnd));
+              orderlyEnd()));
     QCOMPARE(fixture.summary.end, SessionSummary::End::Interrupt);
     QCOMPARE(fixture.problems, 0);
 }
@@ -195,7 +197,7 @@ void TestSessionFailures::failsWhenTheListenerEnds()
     fixture.answer("listenEventsData", {});
     fixture.start();
     QCOMPARE(fixture.problem.step, QStringLiteral("listen"));
-    QCOMPARE(fixture.talk.mid(fixture.talk.size() - 2), c_orderlyEnd);
+    QCOMPARE(fixture.talk.mid(fixture.talk.size() - 2), orderlyEnd());
 }
 
 void TestSessionFailures::failsBecauseOfSomethingOutside()
@@ -205,7 +207,7 @@ void TestSessionFailures::failsBecauseOfSomethingOutside()
     fixture.session->fail({Problem::Kind::SetUp, QStringLiteral("open"), QStringLiteral("it has gone"), {}, {}});
     fixture.turn();
     QCOMPARE(fixture.problem.what, QStringLiteral("it has gone"));
-    QCOMPARE(fixture.talk.mid(fixture.talk.size() - 2), c_orderlyEnd);
+    QCOMPARE(fixture.talk.mid(fixture.talk.size() - 2), orderlyEnd());
 }
 
 void TestSessionFailures::tellsTheWordsOfTheWrench()

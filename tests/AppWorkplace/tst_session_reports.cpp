@@ -219,7 +219,7 @@ void TestSessionReports::tellsABadResult()
 {
     WrittenText text;
     text.report.result(eventData(QStringLiteral("2")));
-    QCOMPARE(text.lines().last(),
+    QCOMPARE(text.lines().constLast(),
              QStringLiteral("   1     12.05       2          0     90       0       17       0        2  NOT GOOD"));
 }
 

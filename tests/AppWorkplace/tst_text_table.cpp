@@ -43,14 +43,14 @@ void TestTextTable::leavesNoBlanksAtTheEnd()
 {
     TextTable table({{QStringLiteral("a")}, {QStringLiteral("long title")}});
     table.addRow({QStringLiteral("1"), QString()});
-    QCOMPARE(table.lines().last(), QStringLiteral("1"));
+    QCOMPARE(table.lines().constLast(), QStringLiteral("1"));
 }
 
 void TestTextTable::showsMissingCellsAsEmpty()
 {
     TextTable table({{QStringLiteral("a")}, {QStringLiteral("b")}});
     table.addRow({QStringLiteral("1")});
-    QCOMPARE(table.lines().last(), QStringLiteral("1"));
+    QCOMPARE(table.lines().constLast(), QStringLiteral("1"));
 }
 
 void TestTextTable::showsControlCharacters()

@@ -63,4 +63,11 @@ struct CommandRun : CommandFixture<Command>
         }
         return texts;
     }
+
+    /// The one written last; empty: none was.
+    QString lastFrame() const
+    {
+        const QStringList texts = frames();
+        return texts.isEmpty() ? QString() : texts.last();
+    }
 };

@@ -112,11 +112,14 @@ const Row c_rows[] = {
 };
 
 // With these every command goes as far as it can.
-const QMap<QString, QVariant> c_parameters{{QStringLiteral("serialId"), QStringLiteral("2210")},
-                                           {QStringLiteral("lock"), true},
-                                           {QStringLiteral("progId"), 1},
-                                           {QStringLiteral("frame"), QStringLiteral("DI:C")},
-                                           {QStringLiteral("responseFrame"), QStringLiteral("OK")}};
+QMap<QString, QVariant> runParameters()
+{
+    return {{QStringLiteral("serialId"), QStringLiteral("2210")},
+            {QStringLiteral("lock"), true},
+            {QStringLiteral("progId"), 1},
+            {QStringLiteral("frame"), QStringLiteral("DI:C")},
+            {QStringLiteral("responseFrame"), QStringLiteral("OK")}};
+}
 
 QJsonObject descriptionOf(const Row& row)
 {
@@ -223,7 +226,7 @@ private Q_SLOTS:
     void freshCommandIsOfTheSameClassAndPlugin_data() { addCommands(); }
     void freshCommandIsOfTheSameClassAndPlugin()
     {
-        const QSharedPointer<ICommand> fresh = prototype()->createCommand(c_parameters);
+        const QSharedPointer<ICommand> fresh = prototype()->createCommand(runParameters());
         const auto* object = dynamic_cast<const QObject*>(fresh.data());
         QVERIFY(object != prototype());
         QCOMPARE(object->metaObject(), prototype()->metaObject());
@@ -233,15 +236,15 @@ private Q_SLOTS:
     void freshCommandHasTheGivenParametersAndTheSameDeclarations_data() { addCommands(); }
     void freshCommandHasTheGivenParametersAndTheSameDeclarations()
     {
-        const QSharedPointer<ICommand> fresh = prototype()->createCommand(c_parameters);
-        QCOMPARE(fresh->commandArguments(), c_parameters);
+        const QSharedPointer<ICommand> fresh = prototype()->createCommand(runParameters());
+        QCOMPARE(fresh->commandArguments(), runParameters());
         QCOMPARE(fresh->fullDescription(), prototype()->fullDescription());
     }
 
     void freshCommandGoesWithItsPointer_data() { addCommands(); }
     void freshCommandGoesWithItsPointer()
     {
-        QSharedPointer<ICommand> fresh = prototype()->createCommand(c_parameters);
+        QSharedPointer<ICommand> fresh = prototype()->createCommand(runParameters());
         const QPointer<QObject> object(dynamic_cast<QObject*>(fresh.data()));
         fresh.reset();
         QVERIFY(object.isNull());
@@ -250,7 +253,7 @@ private Q_SLOTS:
     void pluginMayGoBeforeACommandThatNeverRan_data() { addCommands(); }
     void pluginMayGoBeforeACommandThatNeverRan()
     {
-        QSharedPointer<ICommand> fresh = prototype()->createCommand(c_parameters);
+        QSharedPointer<ICommand> fresh = prototype()->createCommand(runParameters());
         const QPointer<QObject> object(dynamic_cast<QObject*>(fresh.data()));
         m_plugin.reset();
         fresh.reset();
@@ -261,7 +264,7 @@ private Q_SLOTS:
     void pluginMayGoBeforeARunningCommand()
     {
         RecordingOrder order;
-        QSharedPointer<ICommand> fresh = prototype()->createCommand(c_parameters);
+        QSharedPointer<ICommand> fresh = prototype()->createCommand(runParameters());
         const QPointer<QObject> object(dynamic_cast<QObject*>(fresh.data()));
         fresh->linkWithItsOrder(&order);
         QVERIFY(fresh->commandExecute());
@@ -275,7 +278,7 @@ private Q_SLOTS:
     {
         RecordingOrder order;
         order.accepts = false;
-        const QSharedPointer<ICommand> fresh = prototype()->createCommand(c_parameters);
+        const QSharedPointer<ICommand> fresh = prototype()->createCommand(runParameters());
         fresh->linkWithItsOrder(&order);
         QVERIFY(!fresh->commandExecute());
         QVERIFY(order.events().isEmpty());
@@ -284,7 +287,7 @@ private Q_SLOTS:
     void commandWithoutOrderIsRefused_data() { addCommands(); }
     void commandWithoutOrderIsRefused()
     {
-        const QSharedPointer<ICommand> fresh = prototype()->createCommand(c_parameters);
+        const QSharedPointer<ICommand> fresh = prototype()->createCommand(runParameters());
         QVERIFY(!fresh->commandExecute());
     }
 
@@ -293,7 +296,7 @@ private Q_SLOTS:
     {
         for (const bool given : {true, false}) {
             RecordingOrder order;
-            const QSharedPointer<ICommand> fresh = prototype()->createCommand(c_parameters);
+            const QSharedPointer<ICommand> fresh = prototype()->createCommand(runParameters());
             fresh->linkWithItsOrder(&order);
             bool ok = given;
             QVERIFY(!fresh->finishTheCommand(ok));
@@ -309,7 +312,7 @@ private Q_SLOTS:
         for (const bool given : {true, false}) {
             RecordingOrder order;
             order.refusesInstructions = true; // so that nothing is open
-            const QSharedPointer<ICommand> fresh = prototype()->createCommand(c_parameters);
+            const QSharedPointer<ICommand> fresh = prototype()->createCommand(runParameters());
             fresh->linkWithItsOrder(&order);
             fresh->commandExecute();
             if (!order.ends().isEmpty()) {

@@ -8,16 +8,22 @@
 
 namespace {
 
-const QVariantMap c_parameters{{QStringLiteral("serialId"), QStringLiteral("2210")},
-                               {QStringLiteral("name"), QStringLiteral("Bench 4")}};
-const QVariantMap c_written{{QStringLiteral("cmd_success"), true}};
+QVariantMap parameters()
+{
+    return {{QStringLiteral("serialId"), QStringLiteral("2210")}, {QStringLiteral("name"), QStringLiteral("Bench 4")}};
+}
+
+QVariantMap written()
+{
+    return {{QStringLiteral("cmd_success"), true}};
+}
 
 struct ConnectRun : CommandRun<DCmdConnectToDevice>
 {
-    ConnectRun() : CommandRun(c_parameters) {}
+    ConnectRun() : CommandRun(parameters()) {}
 
     /// Executes and lets the driver answer the scan, so that the subscription is open.
-    bool search() { return execute() && answer(-1, c_written); }
+    bool search() { return execute() && answer(-1, written()); }
 
     QTimer& timer() const { return *command->findChild<QTimer*>(); }
 
@@ -39,7 +45,7 @@ private Q_SLOTS:
         ConnectRun run;
         QVERIFY(run.execute());
         QCOMPARE(run.order.instructions().size(), 1);
-        QVERIFY(run.answer(0, c_written));
+        QVERIFY(run.answer(0, written()));
         QCOMPARE(run.order.instructions().size(), 2);
     }
 
@@ -79,7 +85,8 @@ private Q_SLOTS:
         run.order.forgetEvents();
         QVERIFY(run.timeOut());
         QStringList instructions;
-        for (const DInstruction& instruction : run.order.instructions()) {
+        const QVector<DInstruction> sent = run.order.instructions();
+        for (const DInstruction& instruction : sent) {
             instructions.append(instruction.command);
         }
         QCOMPARE(instructions,
@@ -101,7 +108,7 @@ private Q_SLOTS:
         const LogCapture capture;
         QVERIFY(run.execute());
         QCOMPARE(capture.messages(QtCriticalMsg).size(), 1);
-        const LogMessage message = capture.messages(QtCriticalMsg).first();
+        const LogMessage message = capture.messages(QtCriticalMsg).at(0);
         QCOMPARE(message.category, QStringLiteral("default"));
         const QStringList pieces = message.text.split(QStringLiteral(";\t"));
         QCOMPARE(pieces.size(), 6);
@@ -155,10 +162,10 @@ private Q_SLOTS:
         ConnectRun run;
         QVERIFY(run.search());
         QVERIFY(run.arrive(1, "RESP A:B x 2210 -1\r\nERR:2\r\nATH\r\n"));
-        QCOMPARE(run.frames().last(), QStringLiteral("ATD AB"));
+        QCOMPARE(run.lastFrame(), QStringLiteral("ATD AB"));
         // The answer is still one to the probe.
         QVERIFY(run.arrive(2, "OK:1\r\n"));
-        QCOMPARE(run.frames().last(), QStringLiteral("DT:0"));
+        QCOMPARE(run.lastFrame(), QStringLiteral("DT:0"));
     }
 
     void finishWithoutARunHangsUp()
@@ -243,8 +250,8 @@ private Q_SLOTS:
         for (ConnectRun* run : {&first, &second}) {
             QVERIFY(run->arrive(2, "OK:0\r\n"));
         }
-        QCOMPARE(first.frames().last(), QStringLiteral("DT:0"));
-        QCOMPARE(second.frames().last(), QStringLiteral("ATH"));
+        QCOMPARE(first.lastFrame(), QStringLiteral("DT:0"));
+        QCOMPARE(second.lastFrame(), QStringLiteral("ATH"));
     }
 };
 

@@ -50,7 +50,7 @@ private Q_SLOTS:
         QVariant lockWhenWritten;
         run.order.beforeEvent = [&] { lockWhenWritten = run.property("lock"); };
         QVERIFY(run.arrive(1, "OK:1\r\n"));
-        QCOMPARE(run.frames().last(), QStringLiteral("SC:TL:2"));
+        QCOMPARE(run.lastFrame(), QStringLiteral("SC:TL:2"));
         QCOMPARE(lockWhenWritten, QVariant(true));
         QCOMPARE(run.keptProperty("lock"), QJsonValue(true));
     }
@@ -62,9 +62,9 @@ private Q_SLOTS:
         const quint64 subscription = run.order.openSubscription();
         QVERIFY(run.command->setReply(subscription, {{QStringLiteral("frame"), QByteArray("OK:1\r\n")}}));
         QVERIFY(run.arrive(0, "OK:2\r\n"));
-        QCOMPARE(run.frames().last(), QStringLiteral("SC:TL:2"));
+        QCOMPARE(run.lastFrame(), QStringLiteral("SC:TL:2"));
         QVERIFY(run.arrive(1, "OK:2\r\n"));
-        QCOMPARE(run.frames().last(), QStringLiteral("RE:1"));
+        QCOMPARE(run.lastFrame(), QStringLiteral("RE:1"));
     }
 
     void everyReplyIsAccepted_data()

@@ -7,7 +7,10 @@ namespace {
 using ScanRun = CommandRun<DCmdStartDetection>;
 
 const QString c_lastResults = QStringLiteral("lastResults");
-const QVariantMap c_written{{QStringLiteral("cmd_success"), true}};
+QVariantMap written()
+{
+    return {{QStringLiteral("cmd_success"), true}};
+}
 constexpr int c_anyNumber = 5;
 
 } // namespace
@@ -25,7 +28,7 @@ private Q_SLOTS:
         ScanRun run;
         QVERIFY(run.execute());
         QCOMPARE(run.order.instructions().size(), 1);
-        QVERIFY(run.answer(0, c_written));
+        QVERIFY(run.answer(0, written()));
         QCOMPARE(run.order.instructions().size(), 2);
     }
 
@@ -41,7 +44,7 @@ private Q_SLOTS:
     {
         ScanRun run;
         QVERIFY(run.execute());
-        QVERIFY(run.answer(0, c_written));
+        QVERIFY(run.answer(0, written()));
         QVERIFY(run.arrive(c_anyNumber, "RESP BB x 2 -2\r\nRESP AA x 1 -1\r\nRE"));
         QCOMPARE(run.order.published().size(), 1);
         const QVariantList list = run.order.lastResult(c_lastResults).toList();
@@ -53,7 +56,7 @@ private Q_SLOTS:
     {
         ScanRun run;
         QVERIFY(run.execute());
-        QVERIFY(run.answer(0, c_written));
+        QVERIFY(run.answer(0, written()));
         QVERIFY(run.arrive(c_anyNumber, "RESP AA:BB 1 2 3\r\n"));
         const QVariantMap wanted{{QStringLiteral("mac"), QStringLiteral("AA:BB")},
                                  {QStringLiteral("sn"), QStringLiteral("2")},
@@ -69,7 +72,7 @@ private Q_SLOTS:
     {
         ScanRun run;
         QVERIFY(run.execute());
-        QVERIFY(run.answer(0, c_written));
+        QVERIFY(run.answer(0, written()));
         QVERIFY(run.command->setReply(run.order.openSubscription(), {}));
         QCOMPARE(run.order.published(), (QVector<QVariantMap>{{{c_lastResults, QVariantList()}}}));
     }
@@ -78,7 +81,7 @@ private Q_SLOTS:
     {
         ScanRun run;
         QVERIFY(run.execute());
-        QVERIFY(run.answer(0, c_written));
+        QVERIFY(run.answer(0, written()));
         run.order.stopsSucceed = false;
         bool ok = true;
         QVERIFY(run.command->finishTheCommand(ok));
@@ -101,7 +104,7 @@ private Q_SLOTS:
     {
         ScanRun run;
         QVERIFY(run.execute());
-        QVERIFY(run.answer(0, c_written));
+        QVERIFY(run.answer(0, written()));
         bool ok = true;
         QVERIFY(run.command->finishTheCommand(ok));
         run.order.forgetEvents();
@@ -114,11 +117,11 @@ private Q_SLOTS:
     {
         ScanRun run;
         QVERIFY(run.execute());
-        QVERIFY(run.answer(-1, c_written));
+        QVERIFY(run.answer(-1, written()));
         const quint64 first = run.order.openSubscription();
         QVERIFY(run.arrive(c_anyNumber, "RESP AA x 1 -1\r\nRESP"));
         QVERIFY(run.execute());
-        QVERIFY(run.answer(-1, c_written));
+        QVERIFY(run.answer(-1, written()));
         QCOMPARE(run.order.openSubscriptions().size(), 2);
         QVERIFY(run.order.openSubscriptions().contains(first));
         // Both the list and the rest of a line have gone.
@@ -127,14 +130,14 @@ private Q_SLOTS:
         bool ok = true;
         QVERIFY(run.command->finishTheCommand(ok));
         QCOMPARE(run.order.events(OrderEvent::Kind::Stop).size(), 1);
-        QVERIFY(run.order.events(OrderEvent::Kind::Stop).first().instructionId != first);
+        QVERIFY(run.order.events(OrderEvent::Kind::Stop).at(0).instructionId != first);
     }
 
     void foundDevicesAreKeptUntilTheNextExecute()
     {
         ScanRun run;
         QVERIFY(run.execute());
-        QVERIFY(run.answer(-1, c_written));
+        QVERIFY(run.answer(-1, written()));
         QVERIFY(run.arrive(c_anyNumber, "RESP AA x 1 -1\r\n"));
         QCOMPARE(run.order.lastResult(c_lastResults).toList().size(), 1);
         QVERIFY(run.arrive(c_anyNumber, "\r\n"));
@@ -147,7 +150,7 @@ private Q_SLOTS:
         ScanRun second;
         for (ScanRun* run : {&first, &second}) {
             QVERIFY(run->execute());
-            QVERIFY(run->answer(0, c_written));
+            QVERIFY(run->answer(0, written()));
         }
         for (ScanRun* run : {&first, &second}) {
             QVERIFY(run->arrive(1, "RESP AA x 1 -1\r\nRE"));

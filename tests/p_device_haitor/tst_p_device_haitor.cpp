@@ -16,7 +16,10 @@ extern "C" const char* qt_plugin_query_metadata();
 
 namespace {
 
-const QUuid c_pluginUuid(QStringLiteral("{b3b68306-268a-4bce-b400-9f7c133e4cef}"));
+QUuid pluginUuid()
+{
+    return QUuid(QStringLiteral("{b3b68306-268a-4bce-b400-9f7c133e4cef}"));
+}
 
 } // namespace
 
@@ -27,11 +30,11 @@ class TestPDeviceHaitor : public QObject
 private Q_SLOTS:
     void hasAFixedIdentity()
     {
-        QCOMPARE(PDeviceHaitor::getPluginId(), c_pluginUuid);
+        QCOMPARE(PDeviceHaitor::getPluginId(), pluginUuid());
         QCOMPARE(PDeviceHaitor::getPluginName(), "Plugin Device Haitor");
         QCOMPARE(PDeviceHaitor::getPluginType(), 0x44657669U);
         const PDeviceHaitor plugin(QUuid::createUuid(), nullptr);
-        QCOMPARE(plugin.pluginUuid(), c_pluginUuid);
+        QCOMPARE(plugin.pluginUuid(), pluginUuid());
         QCOMPARE(plugin.pluginName(), "Plugin Device Haitor");
         QCOMPARE(plugin.pluginType(), 0x44657669U);
         QCOMPARE(plugin.pluginVersion(), versionFromString(QStringLiteral("1.0"), nullptr, QLatin1Char('.')));
@@ -105,7 +108,7 @@ private Q_SLOTS:
         const QUuid uuid = QUuid::createUuid();
         const std::unique_ptr<IPlugin> made(plugin.createInstance(uuid));
         QCOMPARE(made->objectUuid(), uuid);
-        QCOMPARE(made->pluginUuid(), c_pluginUuid);
+        QCOMPARE(made->pluginUuid(), pluginUuid());
         QCOMPARE(made->pluginVersion(), plugin.pluginVersion());
         auto* object = dynamic_cast<PDeviceHaitor*>(made.get());
         QVERIFY(object != nullptr);

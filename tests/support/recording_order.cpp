@@ -13,7 +13,8 @@ QVector<OrderEvent> RecordingOrder::events(OrderEvent::Kind kind) const
 QVector<DInstruction> RecordingOrder::instructions() const
 {
     QVector<DInstruction> sent;
-    for (const OrderEvent& event : events(OrderEvent::Kind::Instruction)) {
+    const QVector<OrderEvent> found = events(OrderEvent::Kind::Instruction);
+    for (const OrderEvent& event : found) {
         sent.append(event.instruction);
     }
     return sent;
@@ -38,7 +39,8 @@ QVector<quint64> RecordingOrder::openSubscriptions() const
 QVector<QMap<QString, QVariant>> RecordingOrder::published() const
 {
     QVector<QMap<QString, QVariant>> all;
-    for (const OrderEvent& event : events(OrderEvent::Kind::Results)) {
+    const QVector<OrderEvent> found = events(OrderEvent::Kind::Results);
+    for (const OrderEvent& event : found) {
         all.append(event.values);
     }
     return all;
@@ -47,7 +49,8 @@ QVector<QMap<QString, QVariant>> RecordingOrder::published() const
 QVariant RecordingOrder::lastResult(const QString& name) const
 {
     QVariant last;
-    for (const QMap<QString, QVariant>& values : published()) {
+    const QVector<QMap<QString, QVariant>> all = published();
+    for (const QMap<QString, QVariant>& values : all) {
         last = values.value(name, last);
     }
     return last;
@@ -56,7 +59,8 @@ QVariant RecordingOrder::lastResult(const QString& name) const
 QVector<bool> RecordingOrder::ends() const
 {
     QVector<bool> all;
-    for (const OrderEvent& event : events(OrderEvent::Kind::End)) {
+    const QVector<OrderEvent> found = events(OrderEvent::Kind::End);
+    for (const OrderEvent& event : found) {
         all.append(event.ok);
     }
     return all;

@@ -45,7 +45,7 @@ TranscriptPlayer::TranscriptPlayer(DAbstractPlugin& plugin, int pieceSize) : m_p
 QString TranscriptPlayer::play(const QString& file)
 {
     QVector<TranscriptStep> steps;
-    const QString complaint = readTranscript(file, steps);
+    QString complaint = readTranscript(file, steps);
     if (!complaint.isEmpty()) {
         return complaint;
     }
@@ -82,8 +82,9 @@ QString TranscriptPlayer::play(const QVector<TranscriptStep>& steps)
 
 QString TranscriptPlayer::expect(const TranscriptStep& step)
 {
-    for (const QString& expected : step.expectedTexts(m_number)) {
-        const QString complaint = takeHappened(expected);
+    const QStringList texts = step.expectedTexts(m_number);
+    for (const QString& expected : texts) {
+        QString complaint = takeHappened(expected);
         if (!complaint.isEmpty()) {
             return complaint;
         }
@@ -298,7 +299,7 @@ QString TranscriptPlayer::deliverArrived()
             return QStringLiteral("with \"each-reply\", lines do not arrive together");
         }
         if (!isLast) {
-            const QString complaint = takeHappened(mark + m_lastOfEach);
+            QString complaint = takeHappened(mark + m_lastOfEach);
             if (!complaint.isEmpty()) {
                 return complaint;
             }

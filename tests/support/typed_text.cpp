@@ -24,7 +24,8 @@ QVariant withIntegers(const QJsonValue& value)
     }
     if (value.isArray()) {
         QVariantList list;
-        for (const QJsonValue& element : value.toArray()) {
+        const QJsonArray array = value.toArray();
+        for (const auto& element : array) {
             list.append(withIntegers(element));
         }
         return list;
@@ -71,7 +72,8 @@ QString typedText(const QVariant& value)
     }
     case QMetaType::QVariantList: {
         QStringList elements;
-        for (const QVariant& element : value.toList()) {
+        const QVariantList list = value.toList();
+        for (const QVariant& element : list) {
             elements.append(typedText(element));
         }
         return QLatin1Char('[') + elements.join(QLatin1Char(',')) + QLatin1Char(']');

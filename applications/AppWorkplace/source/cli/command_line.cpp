@@ -33,8 +33,8 @@ std::shared_ptr<QCommandLineParser> makeParser(const QList<CliEntry>& entries)
     QStringList known;
     const auto add = [&](const QList<QCommandLineOption>& options) {
         for (const QCommandLineOption& option : options) {
-            if (!known.contains(option.names().last())) {
-                known.append(option.names().last());
+            if (!known.contains(option.names().constLast())) {
+                known.append(option.names().constLast());
                 parser->addOption(option);
             }
         }
@@ -50,7 +50,7 @@ QString optionLines(const QList<QCommandLineOption>& options)
 {
     QString lines;
     for (const QCommandLineOption& option : options) {
-        QString syntax = QStringLiteral("--") + option.names().last();
+        QString syntax = QStringLiteral("--") + option.names().constLast();
         if (!option.valueName().isEmpty()) {
             syntax += QLatin1Char(' ') + option.valueName();
         }

@@ -140,7 +140,7 @@ void Workplace::makeInstances(const QString& port)
     if (!m_settings.traceFile.isEmpty()) {
         section.insert(QStringLiteral("trace"), m_settings.traceFile);
     }
-    const DAbstractPlugin& driver = *rootsOf(Role::Driver).first();
+    const DAbstractPlugin& driver = *rootsOf(Role::Driver).constFirst();
     auto configuration = QSharedPointer<QJsonObject>::create();
     configuration->insert(driver.pluginUuid().toString(), section);
     m_driver = m_host.createInstance(driver, QUuid::createUuid(), configuration);
