@@ -20,7 +20,9 @@ bool SimulatorRun::start(const QStringList& options)
                                 QStringLiteral("--programs"),
                                 QStringLiteral("2"),
                                 QStringLiteral("--link-delay"),
-                                QStringLiteral("20")};
+                                QStringLiteral("20"),
+                                QStringLiteral("--tightening-time"),
+                                QStringLiteral("0")};
     return ProgramRun::start(QStringLiteral(WRENCH_SIMULATOR), arguments + options) &&
            waitForOutput(QStringLiteral("ready "));
 }
