@@ -56,6 +56,11 @@ const QString c_value = QStringLiteral("value");
 
 using Share = std::function<QSharedPointer<ICommand>(ScriptedCommand*)>;
 
+QSharedPointer<ICommand> shareGuarded(ScriptedCommand* command)
+{
+    return QSharedPointer<ICommand>(command, [guard = QPointer<QObject>(command)](ICommand*) { delete guard.data(); });
+}
+
 QSharedPointer<ICommand> shareNaively(ScriptedCommand* command)
 {
     return QSharedPointer<ScriptedCommand>(command);
@@ -69,7 +74,7 @@ QSharedPointer<ICommand> shareWithDeleter(ScriptedCommand* command)
 void addDeleters()
 {
     QTest::addColumn<Share>("share");
-    QTest::newRow("guarded") << Share();
+    QTest::newRow("guarded") << Share(shareGuarded);
     QTest::newRow("naive") << Share(shareNaively);
     QTest::newRow("naive of its own") << Share(shareWithDeleter);
 }
@@ -155,7 +160,7 @@ void TstOwnership::heldCommandOutlivesItsOrder()
 {
     QFETCH(Share, share);
     m_listen->share = [&](ScriptedCommand* command) {
-        m_held = share ? share(command) : shareWithDeleter(command);
+        m_held = share(command);
         return m_held;
     };
     start();
