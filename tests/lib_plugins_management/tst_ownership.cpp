@@ -116,9 +116,7 @@ void TstOwnership::heldCommandOutlivesItsPlugin()
 {
     QFETCH(Share, share);
     m_listen->share = [&](ScriptedCommand* command) {
-        m_held = share ? share(command)
-                       : QSharedPointer<ICommand>(
-                             command, [guard = QPointer<QObject>(command)](ICommand*) { delete guard.data(); });
+        m_held = share(command);
         return m_held;
     };
     start();

@@ -64,6 +64,7 @@ private Q_SLOTS:
     void replyIsNotGivenInsideTheCall();
     void parametersReachTheCommand();
     void treatmentsRunOneAtATimeAndInOrder();
+    void treatmentQueuedWhileAnotherRunsLeavesThatAlone();
     void treatmentsOfTwoBackendsShareTheDevicesLine();
     void treatmentsOfTwoDevicesDoNotWaitForEachOther();
     void unknownTreatmentIsAnsweredFailure();
@@ -286,6 +287,19 @@ void TstTreatments::treatmentsRunOneAtATimeAndInOrder()
     Workbench::settle();
     QCOMPARE(backend.heard.filter(QStringLiteral("released")),
              QStringList({QStringLiteral("released 1"), QStringLiteral("released 2"), QStringLiteral("released 3")}));
+}
+
+void TstTreatments::treatmentQueuedWhileAnotherRunsLeavesThatAlone()
+{
+    RecordingBackend backend;
+    attach(backend);
+    backend.queueTreatment(1, c_lock, {});
+    Workbench::settle();
+    backend.queueTreatment(2, c_select, {});
+    Workbench::settle();
+    QCOMPARE(m_lock->executed, 1);
+    QCOMPARE(m_lock->finished, 0);
+    QVERIFY(backend.heard.isEmpty());
 }
 
 void TstTreatments::treatmentsOfTwoBackendsShareTheDevicesLine()
