@@ -56,11 +56,6 @@ const QString c_value = QStringLiteral("value");
 
 using Share = std::function<QSharedPointer<ICommand>(ScriptedCommand*)>;
 
-QSharedPointer<ICommand> shareGuarded(ScriptedCommand* command)
-{
-    return QSharedPointer<ICommand>(command, [guard = QPointer<QObject>(command)](ICommand*) { delete guard.data(); });
-}
-
 QSharedPointer<ICommand> shareNaively(ScriptedCommand* command)
 {
     return QSharedPointer<ScriptedCommand>(command);
@@ -74,7 +69,7 @@ QSharedPointer<ICommand> shareWithDeleter(ScriptedCommand* command)
 void addDeleters()
 {
     QTest::addColumn<Share>("share");
-    QTest::newRow("guarded") << Share(shareGuarded);
+    QTest::newRow("guarded") << Share(&ScriptedCommand::shareGuarded);
     QTest::newRow("naive") << Share(shareNaively);
     QTest::newRow("naive of its own") << Share(shareWithDeleter);
 }
