@@ -40,10 +40,16 @@ QJsonObject eventDataOf(const QJsonObject& result)
     return result.value(QLatin1String("eventData")).toObject();
 }
 
-const QStringList c_typicalOptions{QStringLiteral("--programs"), QStringLiteral("3"), QStringLiteral("--rate"),
-                                   QStringLiteral("5")};
-const QStringList c_typicalSession{QStringLiteral("--program"), QStringLiteral("2"), QStringLiteral("--count"),
-                                   QStringLiteral("5")};
+QStringList typicalOptions()
+{
+    return {QStringLiteral("--programs"), QStringLiteral("3"), QStringLiteral("--rate"), QStringLiteral("5")};
+}
+
+QStringList typicalSession()
+{
+    return {QStringLiteral("--program"), QStringLiteral("2"), QStringLiteral("--count"), QStringLiteral("5")};
+}
+
 const QString c_typicalTalk = QStringLiteral(TRACES "/typical_run.txt");
 
 } // namespace
@@ -78,8 +84,8 @@ private:
 void TestSession::initTestCase()
 {
     SimulatorRun simulator;
-    QVERIFY2(simulator.start(c_typicalOptions), simulator.report());
-    QVERIFY(m_session.startSession(simulator, c_typicalSession));
+    QVERIFY2(simulator.start(typicalOptions()), simulator.report());
+    QVERIFY(m_session.startSession(simulator, typicalSession()));
     QVERIFY2(m_session.waitForEnd(), m_session.report());
     m_disorder = disorderAfter(m_session, simulator);
 }
@@ -158,10 +164,10 @@ void TestSession::tellsPeopleTheSame()
 {
     SimulatorRun simulator;
     WorkplaceRun session;
-    QVERIFY2(simulator.start(c_typicalOptions), simulator.report());
+    QVERIFY2(simulator.start(typicalOptions()), simulator.report());
     QVERIFY(session.startOn(simulator.port(), QStringList{QStringLiteral("session"), QStringLiteral("--serial-id"),
                                                           QStringLiteral("2210")} +
-                                                  c_typicalSession));
+                                                  typicalSession()));
     QVERIFY2(session.waitForEnd(), session.report());
     QCOMPARE(session.exitStatus(), 0);
     for (const char* text : {"heard 2210 (02:00:00:00:00:01", "3 programs", "18    105\n", "program 2",
@@ -183,7 +189,7 @@ void TestSession::leavesTheSelectionAloneWhenNoneIsAskedFor()
 {
     SimulatorRun simulator;
     WorkplaceRun session;
-    QVERIFY2(simulator.start(c_typicalOptions), simulator.report());
+    QVERIFY2(simulator.start(typicalOptions()), simulator.report());
     QVERIFY(session.startSession(simulator, {QStringLiteral("--count"), QStringLiteral("1")}));
     QVERIFY2(session.waitForEnd(), session.report());
     QCOMPARE(session.exitStatus(), 0);
@@ -210,7 +216,7 @@ void TestSession::endsAfterTheDuration()
 void TestSession::runsTwiceOnOneSimulator()
 {
     SimulatorRun simulator;
-    QVERIFY2(simulator.start(c_typicalOptions), simulator.report());
+    QVERIFY2(simulator.start(typicalOptions()), simulator.report());
     for (int i = 0; i < 2; ++i) {
         WorkplaceRun session;
         QVERIFY(session.startSession(simulator, {QStringLiteral("--count"), QStringLiteral("2")}));
@@ -249,7 +255,7 @@ void TestSession::endsWhenNobodyReadsItsOutput()
 {
     SimulatorRun simulator;
     ProgramRun shell;
-    QVERIFY2(simulator.start(c_typicalOptions), simulator.report());
+    QVERIFY2(simulator.start(typicalOptions()), simulator.report());
     const QString folder = QFileInfo(simulator.port()).path();
     QVERIFY(shell.start(QStringLiteral("bash"),
                         {QStringLiteral("-c"), QStringLiteral("\"$0\" \"$@\" | head -n 1; exit ${PIPESTATUS[0]}"),
@@ -266,7 +272,7 @@ void TestSession::endsWhenItsOutputHasNoRoom()
 {
     SimulatorRun simulator;
     ProgramRun shell;
-    QVERIFY2(simulator.start(c_typicalOptions), simulator.report());
+    QVERIFY2(simulator.start(typicalOptions()), simulator.report());
     const QString folder = QFileInfo(simulator.port()).path();
     QVERIFY(shell.start(QStringLiteral("bash"),
                         {QStringLiteral("-c"), QStringLiteral("exec \"$0\" \"$@\" > /dev/full"),

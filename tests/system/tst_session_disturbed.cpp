@@ -34,7 +34,10 @@ QStringList countOption()
     return {QStringLiteral("--count"), QString::number(c_results)};
 }
 
-const QStringList c_tightening{QStringLiteral("--rate"), QStringLiteral("5")};
+QStringList tightening()
+{
+    return {QStringLiteral("--rate"), QStringLiteral("5")};
+}
 
 } // namespace
 
@@ -72,14 +75,14 @@ void TestSessionDisturbed::takesTheSameResultsOverADisturbedLine()
         SimulatorRun simulator;
         WorkplaceRun session;
         const bool isDone =
-            simulator.start(c_tightening) && session.startSession(simulator, countOption()) && session.waitForEnd();
+            simulator.start(tightening()) && session.startSession(simulator, countOption()) && session.waitForEnd();
         return isDone ? recordsOf(session) : QJsonArray();
     }();
     QCOMPARE(c_undisturbed.size(), c_results);
 
     SimulatorRun simulator;
     WorkplaceRun session;
-    QVERIFY2(simulator.start(c_tightening + faults), simulator.report());
+    QVERIFY2(simulator.start(tightening() + faults), simulator.report());
     QVERIFY(session.startSession(simulator, countOption()));
     QVERIFY2(session.waitForEnd(), session.report());
     QCOMPARE(session.exitStatus(), 0);
@@ -110,7 +113,7 @@ void TestSessionDisturbed::goesOnWhenTheLinkWasLostWhileListening()
     // What is tightened without a link stays in the wrench until the keep-alive has opened the link again.
     SimulatorRun simulator;
     WorkplaceRun session;
-    QVERIFY2(simulator.start(c_tightening), simulator.report());
+    QVERIFY2(simulator.start(tightening()), simulator.report());
     QVERIFY(session.startSession(simulator, {QStringLiteral("--count"), QStringLiteral("6"), QStringLiteral("--config"),
                                              QStringLiteral(CONFIGURATIONS "/keep_alive_often.json")}));
     QVERIFY2(session.waitForEvents(QStringLiteral("result"), 2), session.report());
@@ -128,7 +131,7 @@ void TestSessionDisturbed::goesOnWhenTheWrenchWasOutOfRangeWhileListening()
 {
     SimulatorRun simulator;
     WorkplaceRun session;
-    QVERIFY2(simulator.start(c_tightening), simulator.report());
+    QVERIFY2(simulator.start(tightening()), simulator.report());
     QVERIFY(session.startSession(
         simulator, {QStringLiteral("--config"), QStringLiteral(CONFIGURATIONS "/keep_alive_often.json")}));
     QVERIFY2(session.waitForEvents(QStringLiteral("result"), 1), session.report());

@@ -11,8 +11,10 @@ namespace {
 
 constexpr int c_killedBySignal = 128;
 
-const QStringList c_tightening{QStringLiteral("--rate"), QStringLiteral("5")};
-const QStringList c_programOne{QStringLiteral("--program"), QStringLiteral("1")};
+QStringList tightening()
+{
+    return {QStringLiteral("--rate"), QStringLiteral("5")};
+}
 
 QString endedBy(const WorkplaceRun& session)
 {
@@ -23,7 +25,8 @@ QString endedBy(const WorkplaceRun& session)
 bool holdAt(int frame, SimulatorRun& simulator, WorkplaceRun& session)
 {
     return simulator.start({QStringLiteral("--fault"), faultAt("silence", frame)}) &&
-           session.startSession(simulator, c_programOne) && session.waitForFrames(frame);
+           session.startSession(simulator, {QStringLiteral("--program"), QStringLiteral("1")}) &&
+           session.waitForFrames(frame);
 }
 
 } // namespace
@@ -86,7 +89,7 @@ void TestSessionEnded::endsInAnOrderlyWayWhileListening()
     QFETCH(int, signal);
     SimulatorRun simulator;
     WorkplaceRun session;
-    QVERIFY2(simulator.start(c_tightening), simulator.report());
+    QVERIFY2(simulator.start(tightening()), simulator.report());
     QVERIFY(session.startSession(simulator));
     QVERIFY2(session.waitForEvents(QStringLiteral("result")), session.report());
     session.sendSignal(signal);
@@ -118,7 +121,7 @@ void TestSessionEnded::freesThePortWhenItIsKilledInEachStep()
 void TestSessionEnded::letsTheNextSessionInAfterItWasKilled()
 {
     SimulatorRun simulator;
-    QVERIFY2(simulator.start(c_tightening), simulator.report());
+    QVERIFY2(simulator.start(tightening()), simulator.report());
     WorkplaceRun killed;
     QVERIFY(killed.startSession(simulator));
     QVERIFY2(killed.waitForEvents(QStringLiteral("result")), killed.report());
@@ -138,7 +141,7 @@ void TestSessionEnded::endsAtOnceAtTheSecondSignal()
 {
     SimulatorRun simulator;
     WorkplaceRun session;
-    QVERIFY2(simulator.start(c_tightening), simulator.report());
+    QVERIFY2(simulator.start(tightening()), simulator.report());
     QVERIFY(session.startSession(simulator));
     QVERIFY2(session.waitForEvents(QStringLiteral("result")), session.report());
     // Both are there before it has time for the first.
@@ -210,7 +213,7 @@ void TestSessionEnded::goesOnListeningWhenTheSimulatorOfAnotherIsKilled()
     // As with an adapter that is pulled: it may come back.
     SimulatorRun simulator;
     WorkplaceRun session;
-    QVERIFY2(simulator.start(c_tightening), simulator.report());
+    QVERIFY2(simulator.start(tightening()), simulator.report());
     QVERIFY(session.startSession(simulator));
     QVERIFY2(session.waitForEvents(QStringLiteral("result")), session.report());
     simulator.sendSignal(SIGKILL);

@@ -62,7 +62,7 @@ void TestSessionRefused::saysThatASilentWrenchWasEndedByTheTimeLimit()
              QStringLiteral("failure"));
     QVERIFY(session.event(QStringLiteral("summary")).value(QLatin1String("elapsedMs")).toInt() >= 800);
     QVERIFY(!simulator.say(QStringLiteral("fault none")).isEmpty());
-    QCOMPARE(session.trace().sent().last(), QStringLiteral("ATH"));
+    QCOMPARE(session.trace().sent().constLast(), QStringLiteral("ATH"));
     QCOMPARE(session.trace().lastEntry(), QStringLiteral("! closed"));
 }
 
@@ -185,7 +185,7 @@ void TestSessionRefused::tellsPeopleWhatFailedWhyAndWhatToDo()
                              "bring the wrench nearer and try again\n"}) {
         QVERIFY2(message.contains(QLatin1String(said)), qPrintable(message));
     }
-    QVERIFY2(session.outputLines().last().startsWith(QLatin1String("No result")), session.report());
+    QVERIFY2(session.outputLines().constLast().startsWith(QLatin1String("No result")), session.report());
 }
 
 QTEST_GUILESS_MAIN(TestSessionRefused)

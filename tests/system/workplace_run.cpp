@@ -71,8 +71,9 @@ QString disorderAfter(WorkplaceRun& session, SimulatorRun& simulator)
         return QStringLiteral("the session still runs");
     }
     const LineTrace trace = session.trace();
-    if (trace.sent().isEmpty() || trace.sent().last() != QLatin1String("ATH")) {
-        return QStringLiteral("the last frame was not ATH but \"%1\"").arg(trace.sent().value(trace.sent().size() - 1));
+    const QStringList sent = trace.sent();
+    if (sent.isEmpty() || sent.last() != QLatin1String("ATH")) {
+        return QStringLiteral("the last frame was not ATH but \"%1\"").arg(sent.value(sent.size() - 1));
     }
     if (trace.lastEntry() != QLatin1String("! closed")) {
         return QStringLiteral("the line was not closed at the end; the trace ends with \"%1\"").arg(trace.lastEntry());

@@ -59,5 +59,8 @@ int main(int argc, char* argv[])
     QObject::connect(command.get(), &CliCommand::sigDone, &application, &QCoreApplication::exit, Qt::QueuedConnection);
     QTimer::singleShot(0, command.get(), &CliCommand::start);
     const int exitStatus = QCoreApplication::exec();
+    command.reset();
+    // What was left to the event loop to delete; it no longer runs.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return exitStatus == 0 && console.hasLost() ? int(Problem::Kind::SetUp) : exitStatus;
 }
