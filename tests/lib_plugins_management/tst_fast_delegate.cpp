@@ -1,6 +1,7 @@
 #include <QTest>
 
 #include <cstdlib>
+#include <memory>
 #include <new>
 #include <type_traits>
 
