@@ -236,9 +236,9 @@ void TestCommandLine::knowsTheSimulatorsWrench()
 
 void TestCommandLine::readsSecondsAsMilliseconds()
 {
-    const Invocation invocation = read(QStringLiteral("scan --duration 0.29"));
+    const Invocation invocation = read(QStringLiteral("scan --duration 1.005"));
     Problem problem;
-    QCOMPARE(secondsOption(*invocation.options, QStringLiteral("duration"), 0, &problem), 290);
+    QCOMPARE(secondsOption(*invocation.options, QStringLiteral("duration"), 0, &problem), 1005);
 }
 
 QTEST_GUILESS_MAIN(TestCommandLine)

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void endsAfterTheDuration();
     void listensOnBeforeTheDuration();
     void showsNoResultAfterTheEnd();
+    void showsAResultThatComesWhileTheWrenchIsBeingUnlocked();
     void countsGoodAndNotGood();
     void tellsTheProgramOfTheListening();
     void tellsNoProgramThatWasRefused();
@@ -60,9 +61,9 @@ void TestSessionCourse::runsTheCommandsInOrder()
                                QStringLiteral("device getPresetData progId=2"),
                                QStringLiteral("device getPresetData progId=3"),
                                QStringLiteral("device setProgram progId=2"),
+                               QStringLiteral("device listenEventsData"),
                                QStringLiteral("device setLock lock=false"),
                                QStringLiteral("device setKeepAliveFonction frame=DI:C\r\n responseFrame=OK:"),
-                               QStringLiteral("device listenEventsData"),
                            }));
 }
 
@@ -188,6 +189,20 @@ void TestSessionCourse::showsNoResultAfterTheEnd()
     fixture.turn();
     QCOMPARE(fixture.events.filter(QStringLiteral("result")), QStringList{QStringLiteral("result 1")});
     QCOMPARE(fixture.summary.good + fixture.summary.notGood, 1);
+}
+
+void TestSessionCourse::showsAResultThatComesWhileTheWrenchIsBeingUnlocked()
+{
+    SessionFixture fixture(orderFor(1, 0));
+    const auto tighten = [&fixture] {
+        fixture.device->publish(QStringLiteral("listenEventsData"),
+                                {{QStringLiteral("eventData"), QVariantMap{{QStringLiteral("readingNumber"), 1}}}});
+    };
+    fixture.device->setReaction(QStringLiteral("setLock"),
+                                {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, tighten});
+    fixture.start();
+    QCOMPARE(fixture.events.filter(QStringLiteral("result")), QStringList{QStringLiteral("result 1")});
+    QCOMPARE(fixture.summary.end, SessionSummary::End::Count);
 }
 
 void TestSessionCourse::countsGoodAndNotGood()

@@ -94,10 +94,9 @@ void TestSessionFailures::failsAtTheTimeLimit()
     QCOMPARE(fixture.problem.step, step);
     QVERIFY2(fixture.problem.cause.contains(QStringLiteral("time limit")), qPrintable(fixture.problem.cause));
     QCOMPARE(fixture.problem.exitStatus(), 1);
-    QCOMPARE(fixture.talk.mid(fixture.talk.size() - 4),
-             (QStringList{QStringLiteral("device stopped %1").arg(command),
-                          QStringLiteral("driver stopped listenEventsData")} +
-              orderlyEnd()));
+    QVERIFY(fixture.talk.contains(QStringLiteral("device stopped %1").arg(command)));
+    QCOMPARE(fixture.talk.mid(fixture.talk.size() - 3),
+             QStringList{QStringLiteral("driver stopped listenEventsData")} + orderlyEnd());
     QCOMPARE(fixture.ends, 1);
 }
 
@@ -196,7 +195,7 @@ void TestSessionFailures::failsWhenTheListenerEnds()
     SessionFixture fixture;
     fixture.answer("listenEventsData", {});
     fixture.start();
-    QCOMPARE(fixture.problem.step, QStringLiteral("listen"));
+    QCOMPARE(fixture.problem.step, QStringLiteral("unlock"));
     QCOMPARE(fixture.talk.mid(fixture.talk.size() - 2), orderlyEnd());
 }
 

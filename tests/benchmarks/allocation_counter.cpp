@@ -4,11 +4,13 @@
 #include <cstddef>
 
 // The C library's own functions stand behind the ones below, which count and pass on.
+// NOLINTBEGIN(bugprone-reserved-identifier): their names are the C library's.
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
 void* __libc_realloc(void* memory, std::size_t size);
 }
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace {
 std::atomic<std::int64_t> g_allocations{0};

@@ -65,7 +65,7 @@ public:
     {
         for (;;) {
             for (int end = m_received.indexOf("\r\n"); end >= 0; end = m_received.indexOf("\r\n")) {
-                const QByteArray line = m_received.left(end);
+                QByteArray line = m_received.left(end);
                 m_received.remove(0, end + 2);
                 if (line.startsWith(prefix)) {
                     return line;

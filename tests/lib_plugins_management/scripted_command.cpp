@@ -43,10 +43,13 @@ bool ScriptedCommand::finishTheCommand(bool& ok)
 QSharedPointer<ICommand> ScriptedCommand::createCommand(const Values& parameters) const
 {
     auto* command = new ScriptedCommand(m_script, parameters, parent());
-    if (m_script->share) {
-        return m_script->share(command);
-    }
-    return QSharedPointer<ICommand>(command, [guard = QPointer<QObject>(command)](ICommand*) { delete guard.data(); });
+    return m_script->share ? m_script->share(command) : shareGuarded(command);
+}
+
+QSharedPointer<ICommand> ScriptedCommand::shareGuarded(ScriptedCommand* command)
+{
+    const auto guard = std::make_shared<QPointer<QObject>>(command);
+    return QSharedPointer<ICommand>(command, [guard](ICommand*) { delete guard->data(); });
 }
 
 quint64 ScriptedCommand::ask(const QString& target, const QString& instruction, const Values& parameters, int limitMs)

@@ -28,7 +28,7 @@ struct Script
     std::function<void(ScriptedCommand&, quint64)> onReply;          ///< from inside the delegate
     std::function<bool(ScriptedCommand&, bool& ok)> finish;          ///< empty: the base's
     std::function<void(ScriptedCommand&)> destroy;                   ///< from inside the destructor
-    std::function<QSharedPointer<ICommand>(ScriptedCommand*)> share; ///< empty: deletes what is still there
+    std::function<QSharedPointer<ICommand>(ScriptedCommand*)> share; ///< empty: shareGuarded()
 
     int executed = 0;
     int finished = 0;
@@ -53,6 +53,9 @@ public:
     bool commandExecute() override;
     bool finishTheCommand(bool& ok) override;
     QSharedPointer<ICommand> createCommand(const Values& parameters) const override;
+
+    /// Holds the command with a deleter that deletes what is still there.
+    static QSharedPointer<ICommand> shareGuarded(ScriptedCommand* command);
 
     /// The delegate that notes each reply in the script.
     ReplyDelegate delegate() { return fastdelegate::MakeDelegate(this, &ScriptedCommand::onReply); }

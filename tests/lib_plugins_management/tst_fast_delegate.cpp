@@ -1,6 +1,7 @@
 #include <QTest>
 
 #include <cstdlib>
+#include <memory>
 #include <new>
 #include <type_traits>
 
@@ -206,7 +207,7 @@ void TstFastDelegate::nothingIsAllocated()
     const int allocated = g_allocations - before;
     QCOMPARE(allocated, 0);
     QCOMPARE(result, 505);
-    delete new int(0); // the count counts
+    delete new int(0); // the count counts NOLINT(clang-analyzer-unix.Malloc): operator delete above frees it
     QVERIFY(g_allocations > before);
 }
 

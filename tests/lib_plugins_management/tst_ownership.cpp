@@ -69,7 +69,7 @@ QSharedPointer<ICommand> shareWithDeleter(ScriptedCommand* command)
 void addDeleters()
 {
     QTest::addColumn<Share>("share");
-    QTest::newRow("guarded") << Share();
+    QTest::newRow("guarded") << Share(&ScriptedCommand::shareGuarded);
     QTest::newRow("naive") << Share(shareNaively);
     QTest::newRow("naive of its own") << Share(shareWithDeleter);
 }
@@ -111,9 +111,7 @@ void TstOwnership::heldCommandOutlivesItsPlugin()
 {
     QFETCH(Share, share);
     m_listen->share = [&](ScriptedCommand* command) {
-        m_held = share ? share(command)
-                       : QSharedPointer<ICommand>(
-                             command, [guard = QPointer<QObject>(command)](ICommand*) { delete guard.data(); });
+        m_held = share(command);
         return m_held;
     };
     start();
@@ -155,7 +153,7 @@ void TstOwnership::heldCommandOutlivesItsOrder()
 {
     QFETCH(Share, share);
     m_listen->share = [&](ScriptedCommand* command) {
-        m_held = share ? share(command) : shareWithDeleter(command);
+        m_held = share(command);
         return m_held;
     };
     start();

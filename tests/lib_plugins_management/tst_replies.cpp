@@ -24,6 +24,10 @@ private Q_SLOTS:
     void orderResultsAreDefaultsOverlaidWithWhatWasPublished();
     void orderResultsAreThereWhileItRuns();
     void secondRunBeginsWithTheDefaults();
+    void executingAgainBeginsWithTheDefaults();
+    void delegateOfASingleInstructionIsCalledOnce();
+    void delegateOfASubscriptionIsCalledEachTime();
+    void replyThatNobodyWaitsForIsRefused();
     void publishingWithoutARunIsRefused();
     void publishingAfterTheEndIsRefused();
 
@@ -250,6 +254,39 @@ void TstReplies::secondRunBeginsWithTheDefaults()
     Workbench::settle();
     QCOMPARE(m_ask->replies.value(0).value(c_success), QVariant(true));
     QCOMPARE(m_ask->replies.value(1).value(c_success), QVariant(false));
+}
+
+void TstReplies::executingAgainBeginsWithTheDefaults()
+{
+    m_order = m_bench->start(c_ask);
+    Workbench::settle();
+    m_ask->last->commandUpdateResult(c_extra, 1);
+    QVERIFY(m_ask->last->commandExecute());
+    QCOMPARE(m_order->results(), Values());
+}
+
+void TstReplies::delegateOfASingleInstructionIsCalledOnce()
+{
+    startAsking();
+    QVERIFY(m_ask->last->setReply(1, {{c_extra, 1}}));
+    QVERIFY(!m_ask->last->setReply(1, {{c_extra, 2}}));
+    QCOMPARE(m_ask->replies, QList<Values>({{{c_extra, 1}}}));
+}
+
+void TstReplies::delegateOfASubscriptionIsCalledEachTime()
+{
+    startAsking({{QStringLiteral("subscription"), true}});
+    QVERIFY(m_ask->last->setReply(1, {{c_extra, 1}}));
+    QVERIFY(m_ask->last->setReply(1, {{c_extra, 2}}));
+    QCOMPARE(m_ask->replies.size(), 2);
+}
+
+void TstReplies::replyThatNobodyWaitsForIsRefused()
+{
+    startAsking();
+    QVERIFY(!m_ask->last->setReply(0, {{c_extra, 1}}));
+    QVERIFY(!m_ask->last->setReply(2, {{c_extra, 1}}));
+    QCOMPARE(m_ask->replies.size(), 0);
 }
 
 void TstReplies::publishingWithoutARunIsRefused()

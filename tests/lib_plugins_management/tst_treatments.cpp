@@ -1,8 +1,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include <lib_plugins_management/d_abstract_plugin_backend.h>
-
+#include "recording_backend.h"
 #include "workbench.h"
 
 namespace {
@@ -13,33 +12,9 @@ const QString c_value = QStringLiteral("value");
 const QString c_success = QStringLiteral("cmd_success");
 const Values c_failure{{c_success, false}};
 
-/// Notes each reply as "index name cmd_success" and each release as "released index".
-class RecordingBackend : public DAbstractPluginBackend
-{
-    Q_OBJECT
-
-public:
-    explicit RecordingBackend(QObject* parent = nullptr) : DAbstractPluginBackend(QStringLiteral("Panel"), parent) {}
-
-    bool applyTreatmentReply(int index, const QString& treatment, const Values& reply) override
-    {
-        heard.append(QStringLiteral("%1 %2 %3").arg(index).arg(treatment, reply.value(c_success).toString()));
-        replies.append(reply);
-        if (onReply) {
-            onReply();
-        }
-        return true;
-    }
-    void treatmentReleased(int index) override { heard.append(QStringLiteral("released %1").arg(index)); }
-
-    QStringList heard;
-    QList<Values> replies;
-    std::function<void()> onReply;
-};
-
 } // namespace
 
-/// Panel backends: how they find their device, and what becomes of the treatments that they queue.
+/// What becomes of the treatments that panel backends queue.
 class TstTreatments : public QObject
 {
     Q_OBJECT
@@ -48,15 +23,6 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void deviceIsFoundByItsObjectId();
-    void initialisedOnceAndFromALaterTurn();
-    void deviceThatAppearsLaterIsFound();
-    void initialisedOnceWhenTheObjectIdChangesAtOnce();
-    void deviceThatGoesAtOnceIsNotAnnounced();
-    void unknownObjectIdHasNoDevice_data();
-    void unknownObjectIdHasNoDevice();
-    void propertiesAreAnnouncedOnChange();
-
     void treatmentIsRefusedWithoutADevice();
     void treatmentIsRefusedWithoutAHost();
     void treatmentIsAnsweredWithItsIndexAndName();
@@ -64,6 +30,7 @@ private Q_SLOTS:
     void replyIsNotGivenInsideTheCall();
     void parametersReachTheCommand();
     void treatmentsRunOneAtATimeAndInOrder();
+    void treatmentQueuedWhileAnotherRunsLeavesThatAlone();
     void treatmentsOfTwoBackendsShareTheDevicesLine();
     void treatmentsOfTwoDevicesDoNotWaitForEachOther();
     void unknownTreatmentIsAnsweredFailure();
@@ -79,11 +46,6 @@ private Q_SLOTS:
     void hostDestroyedAnswersEachPendingTreatment();
     void backendDestroyedWithPendingTreatments();
     void deviceDestroyedByItsOwnTreatment();
-
-    void connectionFollowsTheDriver();
-    void connectionIsLostWithTheDriver();
-    void connectionIsLostWithTheDevice();
-    void connectionFollowsTheLink();
 
 private:
     void attach(RecordingBackend& backend);
@@ -114,103 +76,6 @@ void TstTreatments::attach(RecordingBackend& backend)
 {
     backend.setObjectId(m_bench->device->objectUuid().toString());
     Workbench::settle();
-}
-
-void TstTreatments::deviceIsFoundByItsObjectId()
-{
-    RecordingBackend backend;
-    const QSignalSpy spy(&backend, &DAbstractPluginBackend::abstractBackendInitialized);
-    attach(backend);
-    QCOMPARE(spy.size(), 1);
-    QVERIFY(backend.queueTreatment(0, c_select, {}));
-}
-
-void TstTreatments::initialisedOnceAndFromALaterTurn()
-{
-    RecordingBackend backend;
-    const QSignalSpy spy(&backend, &DAbstractPluginBackend::abstractBackendInitialized);
-    backend.setObjectId(m_bench->device->objectUuid().toString());
-    QCOMPARE(spy.size(), 0);
-    Workbench::settle();
-    QCOMPARE(spy.size(), 1);
-    m_bench->host->createInstance(m_bench->deviceRoot, QUuid::createUuid());
-    backend.setObjectId(m_bench->device->objectUuid().toString());
-    Workbench::settle();
-    QCOMPARE(spy.size(), 1);
-}
-
-void TstTreatments::deviceThatAppearsLaterIsFound()
-{
-    RecordingBackend backend;
-    const QSignalSpy spy(&backend, &DAbstractPluginBackend::abstractBackendInitialized);
-    const QUuid uuid = QUuid::createUuid();
-    backend.setObjectId(uuid.toString());
-    Workbench::settle();
-    QCOMPARE(spy.size(), 0);
-    m_bench->host->createInstance(m_bench->deviceRoot, uuid);
-    QCOMPARE(spy.size(), 0);
-    Workbench::settle();
-    QCOMPARE(spy.size(), 1);
-    QVERIFY(backend.queueTreatment(0, c_select, {}));
-}
-
-void TstTreatments::initialisedOnceWhenTheObjectIdChangesAtOnce()
-{
-    const DAbstractPlugin* other = m_bench->host->createInstance(m_bench->deviceRoot, QUuid::createUuid());
-    RecordingBackend backend;
-    const QSignalSpy spy(&backend, &DAbstractPluginBackend::abstractBackendInitialized);
-    backend.setObjectId(other->objectUuid().toString());
-    attach(backend);
-    QCOMPARE(spy.size(), 1);
-}
-
-void TstTreatments::deviceThatGoesAtOnceIsNotAnnounced()
-{
-    RecordingBackend backend;
-    const QSignalSpy spy(&backend, &DAbstractPluginBackend::abstractBackendInitialized);
-    backend.setObjectId(m_bench->device->objectUuid().toString());
-    delete m_bench->device;
-    Workbench::settle();
-    QCOMPARE(spy.size(), 0);
-}
-
-void TstTreatments::unknownObjectIdHasNoDevice_data()
-{
-    QTest::addColumn<QString>("objectId");
-    QTest::newRow("none") << QString();
-    QTest::newRow("no uuid") << QStringLiteral("wrench 1");
-    QTest::newRow("null") << QUuid().toString();
-    QTest::newRow("somebody else's") << QUuid::createUuid().toString();
-}
-
-void TstTreatments::unknownObjectIdHasNoDevice()
-{
-    QFETCH(QString, objectId);
-    RecordingBackend backend;
-    attach(backend);
-    backend.setObjectId(objectId); // also takes back what was found before
-    QVERIFY(!backend.queueTreatment(0, c_select, {}));
-    QVERIFY(!backend.isConnected());
-}
-
-void TstTreatments::propertiesAreAnnouncedOnChange()
-{
-    RecordingBackend backend;
-    const QSignalSpy name(&backend, &DAbstractPluginBackend::nameChanged);
-    const QSignalSpy objectId(&backend, &DAbstractPluginBackend::objectIdChanged);
-    const QSignalSpy reference(&backend, &DAbstractPluginBackend::referenceChanged);
-    for (int i = 0; i < 2; ++i) {
-        QVERIFY(backend.setProperty("name", QStringLiteral("a")));
-        QVERIFY(backend.setProperty("objectId", QStringLiteral("b")));
-        QVERIFY(backend.setProperty("reference", QStringLiteral("c")));
-    }
-    QCOMPARE(name.size(), 1);
-    QCOMPARE(objectId.size(), 1);
-    QCOMPARE(reference.size(), 1);
-    QCOMPARE(backend.name(), QStringLiteral("a"));
-    QCOMPARE(backend.objectId(), QStringLiteral("b"));
-    QCOMPARE(backend.reference(), QStringLiteral("c"));
-    QCOMPARE(backend.objectName(), QStringLiteral("Panel"));
 }
 
 void TstTreatments::treatmentIsRefusedWithoutADevice()
@@ -286,6 +151,19 @@ void TstTreatments::treatmentsRunOneAtATimeAndInOrder()
     Workbench::settle();
     QCOMPARE(backend.heard.filter(QStringLiteral("released")),
              QStringList({QStringLiteral("released 1"), QStringLiteral("released 2"), QStringLiteral("released 3")}));
+}
+
+void TstTreatments::treatmentQueuedWhileAnotherRunsLeavesThatAlone()
+{
+    RecordingBackend backend;
+    attach(backend);
+    backend.queueTreatment(1, c_lock, {});
+    Workbench::settle();
+    backend.queueTreatment(2, c_select, {});
+    Workbench::settle();
+    QCOMPARE(m_lock->executed, 1);
+    QCOMPARE(m_lock->finished, 0);
+    QVERIFY(backend.heard.isEmpty());
 }
 
 void TstTreatments::treatmentsOfTwoBackendsShareTheDevicesLine()
@@ -483,52 +361,6 @@ void TstTreatments::deviceDestroyedByItsOwnTreatment()
     backend.queueTreatment(2, c_select, {});
     Workbench::settle();
     QCOMPARE(backend.replies, QList<Values>({c_failure, c_failure}));
-}
-
-void TstTreatments::connectionFollowsTheDriver()
-{
-    RecordingBackend backend;
-    attach(backend);
-    const QSignalSpy spy(&backend, &DAbstractPluginBackend::isConnectedChanged);
-    QVERIFY(!backend.isConnected());
-    m_bench->driver->setProperty(QStringLiteral("connected"), true, false);
-    QVERIFY(backend.isConnected());
-    m_bench->device->setProperty(QStringLiteral("connected"), false, false); // the device's own says nothing
-    QVERIFY(backend.isConnected());
-    m_bench->driver->setProperty(QStringLiteral("connected"), false, false);
-    QVERIFY(!backend.isConnected());
-    QCOMPARE(spy.size(), 2);
-}
-
-void TstTreatments::connectionIsLostWithTheDriver()
-{
-    RecordingBackend backend;
-    attach(backend);
-    m_bench->driver->setProperty(QStringLiteral("connected"), true, false);
-    const QSignalSpy spy(&backend, &DAbstractPluginBackend::isConnectedChanged);
-    delete m_bench->driver;
-    QVERIFY(!backend.isConnected());
-    QCOMPARE(spy.size(), 1);
-}
-
-void TstTreatments::connectionIsLostWithTheDevice()
-{
-    RecordingBackend backend;
-    attach(backend);
-    m_bench->driver->setProperty(QStringLiteral("connected"), true, false);
-    delete m_bench->device;
-    QVERIFY(!backend.isConnected());
-}
-
-void TstTreatments::connectionFollowsTheLink()
-{
-    auto* other = m_bench->host->createInstance(m_bench->driverRoot, QUuid::createUuid());
-    other->setProperty(QStringLiteral("connected"), true, false);
-    RecordingBackend backend;
-    attach(backend);
-    QVERIFY(!backend.isConnected());
-    m_bench->host->linkDriver(*m_bench->device, *other);
-    QVERIFY(backend.isConnected());
 }
 
 QTEST_GUILESS_MAIN(TstTreatments)

@@ -173,7 +173,7 @@ quint64 DAbstractCommand::addInstruction(const QString& target, const QString& i
     } else if (timeoutMs <= 0) {
         refusal = QStringLiteral("its limit of %1 ms is not above 0").arg(timeoutMs);
     }
-    if (!refusal.isEmpty()) {
+    if (order == nullptr || !refusal.isEmpty()) {
         qCWarning(lcPluginsManagement).noquote()
             << QStringLiteral("the command \"%1\" cannot send \"%2\" to \"%3\": %4")
                    .arg(d_ptr->name, instruction, target, refusal);

@@ -299,7 +299,7 @@ void DRouter::fail(quint64 id)
 
 DRouter::Instruction DRouter::close(quint64 id)
 {
-    const Instruction closed = m_instructions.take(id);
+    Instruction closed = m_instructions.take(id);
     m_clock.cancel(closed.limit);
     if (!closed.run.isNull() && closed.run->state() != DOrder::State::Ended) {
         later(*closed.run, [run = closed.run] { run->stop(); });

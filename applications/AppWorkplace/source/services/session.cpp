@@ -1,5 +1,7 @@
 #include "session.h"
 
+#include <utility>
+
 #include <lib_plugins_management/d_abstract_plugin.h>
 #include <lib_plugins_management/host/d_host.h>
 
@@ -208,6 +210,9 @@ void Session::programSelected(const Results& results)
 void Session::unlock()
 {
     begin(Step::Unlock);
+    if (m_order.listens && !subscribe()) {
+        return;
+    }
     run(QStringLiteral("setLock"), {{QStringLiteral("lock"), false}}, &Session::unlocked);
 }
 
@@ -243,10 +248,19 @@ void Session::listen()
         Q_EMIT sigReady();
         return;
     }
+    const QList<QVariantMap> early = std::exchange(m_early, {});
+    for (const QVariantMap& eventData : early) {
+        takeResult(eventData);
+    }
+}
+
+// Before the wrench is unlocked: from then on it may tighten, and no result may go by.
+bool Session::subscribe()
+{
     m_listener = m_wrench.host.createOrder(m_wrench.device, c_listenCommand);
     if (m_listener == nullptr) {
         failSetUp(QStringLiteral("the device plugin has no command \"%1\"").arg(c_listenCommand), c_pluginMend);
-        return;
+        return false;
     }
     connect(m_listener.get(), &DOrder::sigResultsPublished, this, [this](const QMap<QString, QVariant>& values) {
         if (values.contains(c_eventData)) {
@@ -256,11 +270,16 @@ void Session::listen()
     connect(m_listener.get(), &DOrder::sigFinished, this,
             [this] { failSetUp(QStringLiteral("the listener has ended"), c_pluginMend); });
     m_listener->start();
+    return true;
 }
 
 void Session::takeResult(const QVariantMap& eventData)
 {
     if (m_isEnding) {
+        return;
+    }
+    if (m_step != Step::Listen) {
+        m_early.append(eventData);
         return;
     }
     ++(isGood(eventData) ? m_summary.good : m_summary.notGood);

@@ -76,6 +76,7 @@ private:
     void unlock();
     void unlocked(const Results& results);
     void keepAliveSet(const Results& results);
+    bool subscribe();
     void listen();
     void takeResult(const QVariantMap& eventData);
 
@@ -106,6 +107,7 @@ private:
     HeardWrenches m_heard;
     std::unique_ptr<DOrder> m_run; // the command that the session waits for
     std::unique_ptr<DOrder> m_listener;
+    QList<QVariantMap> m_early; // results that came before the session listens
     Clock::TimerId m_timer = 0; // of opening the line, of a lost line, and of listening
     QVariantList m_programs;
     int m_presetsRead = 0;

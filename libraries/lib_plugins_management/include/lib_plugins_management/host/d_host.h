@@ -8,7 +8,7 @@
 
 #include <memory>
 
-#include <lib_plugins_management/d_abstract_plugin.h> // whole: only so its pointer may go through a queued signal
+#include <lib_plugins_management/d_abstract_plugin.h> // whole, so that signals may be queued with it
 #include <lib_plugins_management/export.h>
 #include <lib_plugins_management/host/d_instance_registry.h>
 #include <lib_plugins_management/host/d_order.h>
