@@ -14,7 +14,8 @@ require_packages() {
         exit 3
     fi
     local installed missing="" package
-    installed=" $(dpkg-query -W -f='${db:Status-Abbrev}${Package} ' "$@" 2>/dev/null | sed 's/\bii  *//g') "
+    # It fails when it does not know one of them, and has told of the others all the same.
+    installed=" $(dpkg-query -W -f='${db:Status-Abbrev}${Package} ' "$@" 2>/dev/null | sed 's/\bii  *//g' || true) "
     for package in "$@"; do
         case "$installed" in *" $package "*) ;; *) missing="$missing $package" ;; esac
     done
