@@ -2,6 +2,9 @@
 
 #include <benchmark/benchmark.h>
 
+// Benchmarks are registered by static objects.
+// clazy:excludeall=non-pod-global-static
+
 #include <malloc.h>
 
 #include "workplace_fixture.h"

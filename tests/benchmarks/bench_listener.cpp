@@ -3,6 +3,9 @@
 
 #include <benchmark/benchmark.h>
 
+// Benchmarks are registered by static objects.
+// clazy:excludeall=non-pod-global-static
+
 #include <QStringList>
 
 #include <lib_plugins_management/host/i_order.h>

@@ -62,7 +62,10 @@ const QString c_stream = QStringLiteral("stream");
 const QString c_slow = QStringLiteral("slow");
 const QString c_driver = QStringLiteral("driver");
 const QString c_value = QStringLiteral("value");
-const Values c_success{{QStringLiteral("cmd_success"), true}};
+Values success()
+{
+    return {{QStringLiteral("cmd_success"), true}};
+}
 
 } // namespace
 
@@ -212,7 +215,7 @@ void TstEnds::stopCommandEndsEveryRunThatNamesIt()
     QCOMPARE(scanning->outcome(), DOrder::Outcome::Stopped);
     QCOMPARE(m_listen->finished, 2);
     QCOMPARE(stop->outcome(), DOrder::Outcome::Finished);
-    QCOMPARE(stop->results(), c_success);
+    QCOMPARE(stop->results(), success());
 }
 
 void TstEnds::stopCommandLeavesOtherRunsAlone()
@@ -241,7 +244,7 @@ void TstEnds::stopCommandWithNothingToStopSucceeds()
 {
     const auto stop = m_bench->start(c_stop);
     Workbench::settle();
-    QCOMPARE(stop->results(), c_success);
+    QCOMPARE(stop->results(), success());
 }
 
 void TstEnds::stopCommandMayBeSentByARunThatItStops()

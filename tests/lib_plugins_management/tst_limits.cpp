@@ -1,4 +1,5 @@
 #include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTest>
 
 #include "workbench.h"
@@ -45,8 +46,14 @@ const QString c_driver = QStringLiteral("driver");
 const QString c_answer = QStringLiteral("answer");
 const QString c_ask = QStringLiteral("ask");
 const QString c_value = QStringLiteral("value");
-const Values c_failure{{QStringLiteral("cmd_success"), false}};
-const Values c_subscription{{QStringLiteral("subscription"), true}};
+Values failure()
+{
+    return {{QStringLiteral("cmd_success"), false}};
+}
+Values subscription()
+{
+    return {{QStringLiteral("subscription"), true}};
+}
 
 void expectLimit(const QString& command, int limitMs)
 {
@@ -104,7 +111,7 @@ void TstLimits::silenceAtTheLimitIsAFailure()
     expectLimit(c_answer, 2000);
     advance(1999);
     advance(1);
-    QCOMPARE(m_ask->replies, QList<Values>({c_failure}));
+    QCOMPARE(m_ask->replies, QList<Values>({failure()}));
 }
 
 void TstLimits::answerJustBeforeTheLimitIsTheReply()
@@ -138,7 +145,7 @@ void TstLimits::answerAfterTheLimitIsDropped()
     expectLimit(c_answer, 2000);
     advance(2000);
     QVERIFY(answered);
-    QCOMPARE(m_ask->replies, QList<Values>({c_failure}));
+    QCOMPARE(m_ask->replies, QList<Values>({failure()}));
 }
 
 void TstLimits::limitNamesTheInstructionInTheLog()
@@ -174,7 +181,7 @@ void TstLimits::stoppedInstructionHasNoLimitAnyMore()
 
 void TstLimits::silenceOnAnOpenSubscriptionIsNoFailure()
 {
-    startAsking(2000, c_subscription);
+    startAsking(2000, subscription());
     advance(24 * 3600 * 1000);
     QCOMPARE(m_ask->replies.size(), 0);
     m_answer->last->commandUpdateResult(c_value, 1);
@@ -224,23 +231,21 @@ void TstLimits::runEndsAtItsLimit()
 {
     m_order = m_bench->start(c_ask, {}, 500);
     Workbench::settle();
-    int announced = 0;
-    connect(m_order.get(), &DOrder::sigFinished, this, [&] { ++announced; });
+    const QSignalSpy announced(m_order.get(), &DOrder::sigFinished);
     advance(500);
     QCOMPARE(m_order->outcome(), DOrder::Outcome::TimedOut);
     QCOMPARE(m_ask->finished, 1);
-    QCOMPARE(announced, 1);
+    QCOMPARE(announced.size(), 1);
 }
 
 void TstLimits::resultProducedBeforeTheRunsLimitIsHeard()
 {
     m_order = m_bench->start(c_ask, {}, 500);
     Workbench::settle();
-    int heard = 0;
-    connect(m_order.get(), &DOrder::sigResultsPublished, this, [&] { ++heard; });
+    const QSignalSpy heard(m_order.get(), &DOrder::sigResultsPublished);
     m_ask->last->commandUpdateResult(c_value, 1);
     advance(500);
-    QCOMPARE(heard, 1);
+    QCOMPARE(heard.size(), 1);
 }
 
 void TstLimits::replyProducedBeforeTheRunsLimitComesFirst()

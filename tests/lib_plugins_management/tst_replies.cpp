@@ -1,3 +1,4 @@
+#include <QSignalSpy>
 #include <QTest>
 
 #include "workbench.h"
@@ -49,7 +50,10 @@ const QString c_stop = QStringLiteral("stop");
 const QString c_success = QStringLiteral("cmd_success");
 const QString c_text = QStringLiteral("text");
 const QString c_extra = QStringLiteral("extra");
-const Values c_failure{{c_success, false}};
+Values failure()
+{
+    return {{c_success, false}};
+}
 
 } // namespace
 
@@ -161,14 +165,14 @@ void TstReplies::refusedRunAnswersFailure()
         return false;
     };
     startAsking();
-    QCOMPARE(m_ask->replies, QList<Values>({c_failure}));
+    QCOMPARE(m_ask->replies, QList<Values>({failure()}));
 }
 
 void TstReplies::refusedSubscriptionAnswersFailure()
 {
     m_answer->execute = [](ScriptedCommand&) { return false; };
     startAsking({{QStringLiteral("subscription"), true}});
-    QCOMPARE(m_ask->replies, QList<Values>({c_failure}));
+    QCOMPARE(m_ask->replies, QList<Values>({failure()}));
 }
 
 void TstReplies::replyCarriesTheIdOfItsInstruction()
@@ -300,13 +304,12 @@ void TstReplies::publishingAfterTheEndIsRefused()
 {
     m_order = m_bench->start(c_ask);
     Workbench::settle();
-    int published = 0;
-    connect(m_order.get(), &DOrder::sigResultsPublished, this, [&] { ++published; });
+    const QSignalSpy published(m_order.get(), &DOrder::sigResultsPublished);
     bool ok = true;
     m_ask->last->commandFinish(ok);
     QVERIFY(!m_ask->last->commandUpdateResult(c_extra, 1));
     Workbench::settle();
-    QCOMPARE(published, 0);
+    QCOMPARE(published.size(), 0);
     QCOMPARE(m_order->results(), Values());
 }
 

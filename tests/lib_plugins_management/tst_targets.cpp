@@ -55,7 +55,10 @@ const QString c_ask = QStringLiteral("ask");
 const QString c_own = QStringLiteral("own");
 const QString c_value = QStringLiteral("value");
 const QString c_stop = QStringLiteral("stopListening");
-const Values c_failure{{QStringLiteral("cmd_success"), false}};
+Values failure()
+{
+    return {{QStringLiteral("cmd_success"), false}};
+}
 
 void expectWarning(const QString& pattern)
 {
@@ -269,7 +272,7 @@ void TstTargets::targetThatGoesBeforeItRunsAnswersFailure()
     const auto order = m_bench->start(c_ask);
     Workbench::settle();
     QCOMPARE(m_answer->executed, 0);
-    QCOMPARE(m_ask->replies, QList<Values>({c_failure}));
+    QCOMPARE(m_ask->replies, QList<Values>({failure()}));
 }
 
 void TstTargets::targetThatGoesWhileItRunsAnswersFailure()
@@ -283,7 +286,7 @@ void TstTargets::targetThatGoesWhileItRunsAnswersFailure()
     delete m_bench->driver;
     QCOMPARE(m_ask->replies.size(), 0);
     Workbench::settle();
-    QCOMPARE(m_ask->replies, QList<Values>({c_failure}));
+    QCOMPARE(m_ask->replies, QList<Values>({failure()}));
 }
 
 void TstTargets::openSubscriptionToATargetThatGoesFallsSilent()
@@ -369,7 +372,7 @@ void TstTargets::instructionFromTheDriversDestructorIsRefusedOnceItHasGone()
     expectWarning(QStringLiteral("there is no such target"));
     QCOMPARE(m_ask->last->ask(c_driver, c_answer), quint64(0));
     Workbench::settle();
-    QCOMPARE(m_ask->replies, QList<Values>({c_failure}));
+    QCOMPARE(m_ask->replies, QList<Values>({failure()}));
 }
 
 void TstTargets::commandThatIsNotMadeAnswersFailure()
@@ -382,7 +385,7 @@ void TstTargets::commandThatIsNotMadeAnswersFailure()
     expectWarning(QStringLiteral("makes no command \"answer\""));
     const auto order = m_bench->start(c_ask);
     Workbench::settle();
-    QCOMPARE(m_ask->replies, QList<Values>({c_failure}));
+    QCOMPARE(m_ask->replies, QList<Values>({failure()}));
 }
 
 void TstTargets::commandWhoseMakingThrowsAnswersFailure()
@@ -395,7 +398,7 @@ void TstTargets::commandWhoseMakingThrowsAnswersFailure()
     expectWarning(QStringLiteral("makes no command \"answer\".*no memory for a frame"));
     const auto order = m_bench->start(c_ask);
     Workbench::settle();
-    QCOMPARE(m_ask->replies, QList<Values>({c_failure}));
+    QCOMPARE(m_ask->replies, QList<Values>({failure()}));
 }
 
 QTEST_GUILESS_MAIN(TstTargets)

@@ -10,7 +10,10 @@ const QString c_lock = QStringLiteral("setLock");
 const QString c_select = QStringLiteral("setProgram");
 const QString c_value = QStringLiteral("value");
 const QString c_success = QStringLiteral("cmd_success");
-const Values c_failure{{c_success, false}};
+Values failure()
+{
+    return {{c_success, false}};
+}
 
 } // namespace
 
@@ -203,7 +206,7 @@ void TstTreatments::unknownTreatmentIsAnsweredFailure()
     QVERIFY(backend.queueTreatment(300, QStringLiteral("setDirection"), {}));
     Workbench::settle();
     QCOMPARE(backend.heard, QStringList({QStringLiteral("300 setDirection false"), QStringLiteral("released 300")}));
-    QCOMPARE(backend.replies, QList<Values>({c_failure}));
+    QCOMPARE(backend.replies, QList<Values>({failure()}));
 }
 
 void TstTreatments::unknownTreatmentsKeepTheOrder()
@@ -225,7 +228,7 @@ void TstTreatments::refusedTreatmentIsAnsweredFailure()
     attach(backend);
     backend.queueTreatment(100, c_lock, {});
     Workbench::settle();
-    QCOMPARE(backend.replies, QList<Values>({c_failure}));
+    QCOMPARE(backend.replies, QList<Values>({failure()}));
 }
 
 void TstTreatments::treatmentThatDoesNotEndIsEnded()
@@ -329,7 +332,7 @@ void TstTreatments::hostDestroyedAnswersEachPendingTreatment()
     Workbench::settle();
     m_bench->host.reset();
     Workbench::settle();
-    QCOMPARE(backend.replies, QList<Values>({c_failure, c_failure}));
+    QCOMPARE(backend.replies, QList<Values>({failure(), failure()}));
 }
 
 void TstTreatments::backendDestroyedWithPendingTreatments()
@@ -360,7 +363,7 @@ void TstTreatments::deviceDestroyedByItsOwnTreatment()
     backend.queueTreatment(1, c_lock, {});
     backend.queueTreatment(2, c_select, {});
     Workbench::settle();
-    QCOMPARE(backend.replies, QList<Values>({c_failure, c_failure}));
+    QCOMPARE(backend.replies, QList<Values>({failure(), failure()}));
 }
 
 QTEST_GUILESS_MAIN(TstTreatments)
