@@ -119,10 +119,14 @@ void throughTheWorkplace(benchmark::State& state)
         DAbstractPlugin* probe = workplace.host.createInstance(root, QUuid::createUuid());
         workplace.host.linkDriver(*probe, *workplace.driver);
         const auto order = workplace.host.createOrder(*probe, QStringLiteral("probe"));
+        QEventLoop opening;
+        QObject::connect(&workplace.host, &DHost::sigPropertyChanged, &opening, [&workplace, &opening] {
+            if (workplace.driver->getProperty(QStringLiteral("connected"), QVariant(false)).toBool()) {
+                opening.quit();
+            }
+        });
         order->start();
-        while (!workplace.driver->getProperty(QStringLiteral("connected"), QVariant(false)).toBool()) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
+        opening.exec();
         Writer writer(terminal.master());
         int received = 0;
         int lines = 0;
