@@ -17,7 +17,7 @@ function(workplace_add_test name)
   target_link_libraries(${name} PRIVATE workplace_options Qt5::Test ${arg_LIBRARIES})
   target_compile_definitions(${name} PRIVATE ${arg_DEFINITIONS})
   # What is tested is optimised; the tests themselves only cost time to build that way.
-  target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O1>)
+  target_compile_options(${name} PRIVATE -O0)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES
