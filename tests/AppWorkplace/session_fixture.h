@@ -27,8 +27,10 @@ public:
                          });
         QObject::connect(session.get(), &Session::sigReady, session.get(),
                          [this] { events.append(QStringLiteral("ready")); });
-        QObject::connect(session.get(), &Session::sigResult, session.get(), [this](const QVariantMap& eventData) {
-            events.append(QStringLiteral("result %1").arg(eventData.value(QStringLiteral("readingNumber")).toString()));
+        QObject::connect(session.get(), &Session::sigResult, session.get(), [this](const TighteningResult& result) {
+            events.append(
+                QStringLiteral("result %1").arg(result.eventData.value(QStringLiteral("readingNumber")).toString()));
+            shown.append(result);
         });
         QObject::connect(session.get(), &Session::sigLink, session.get(),
                          [this](bool isConnected, const QString& state, const QString& message) {
@@ -83,9 +85,11 @@ public:
         driver->setProperty(QStringLiteral("lineState"), state, false);
         driver->setProperty(QStringLiteral("connected"), isConnected, false);
     }
-    void say(const QByteArray& bytes)
+    /// number: of the chunk.
+    void say(const QByteArray& bytes, int number = 0)
     {
-        driver->publish(QStringLiteral("listenEventsData"), {{QStringLiteral("frame"), bytes}});
+        driver->publish(QStringLiteral("listenEventsData"),
+                        {{QStringLiteral("frame"), bytes}, {QStringLiteral("number"), number}});
     }
     void tighten(int number, const QString& status = QStringLiteral("0"))
     {
@@ -113,6 +117,7 @@ public:
     std::unique_ptr<Session> session;
 
     QStringList events;
+    QList<TighteningResult> shown;
     Problem problem;
     SessionSummary summary;
     int problems = 0;

@@ -128,8 +128,8 @@ void SessionCommand::begin()
             [this](const QVariantList& programs) { m_report->programs(programs); });
     connect(session, &Session::sigSelected, this,
             [this](int program, const QVariantMap& preset) { m_report->selected(program, preset); });
-    connect(session, &Session::sigResult, this, [this](const QVariantMap& eventData) {
-        m_report->result(eventData);
+    connect(session, &Session::sigResult, this, [this](const TighteningResult& result) {
+        m_report->result(result.eventData);
         interruptWhenUnread();
     });
     connect(session, &Session::sigLink, this, [this](bool isConnected, const QString& state, const QString& message) {

@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+#include <utility>
+
 #include <lib_plugins_management/host/d_host.h>
 
 namespace {
@@ -28,7 +30,8 @@ void LineObserver::start(DHost& host, DAbstractPlugin& driver)
     m_listener = host.createOrder(driver, QStringLiteral("listenEventsData"), {{QStringLiteral("subscription"), true}});
     if (m_listener != nullptr) {
         connect(m_listener.get(), &DOrder::sigResultsPublished, this, [this](const QMap<QString, QVariant>& values) {
-            receive(values.value(QStringLiteral("frame")).toByteArray());
+            receive(values.value(QStringLiteral("frame")).toByteArray(),
+                    values.value(QStringLiteral("number")).toInt());
         });
         m_listener->start();
     }
@@ -43,19 +46,18 @@ void LineObserver::stop()
     }
 }
 
-void LineObserver::receive(const QByteArray& chunk)
+void LineObserver::receive(const QByteArray& bytes, int chunk)
 {
     int start = 0;
-    for (int end = chunk.indexOf('\n'); end >= 0; end = chunk.indexOf('\n', start)) {
-        keep(chunk.constData() + start, end - start);
+    for (int end = bytes.indexOf('\n'); end >= 0; end = bytes.indexOf('\n', start)) {
+        keep(bytes.constData() + start, end - start);
         start = end + 1;
-        if (!m_isTooLong) {
-            takeLine(QString::fromUtf8(m_partialLine).trimmed());
+        const QByteArray line = std::exchange(m_partialLine, {});
+        if (!std::exchange(m_isTooLong, false)) {
+            takeLine(line, chunk);
         }
-        m_partialLine.clear();
-        m_isTooLong = false;
     }
-    keep(chunk.constData() + start, chunk.size() - start);
+    keep(bytes.constData() + start, bytes.size() - start);
 }
 
 void LineObserver::keep(const char* bytes, int size)
@@ -66,8 +68,9 @@ void LineObserver::keep(const char* bytes, int size)
     }
 }
 
-void LineObserver::takeLine(const QString& line)
+void LineObserver::takeLine(const QByteArray& bytes, int chunk)
 {
+    const QString line = QString::fromUtf8(bytes).trimmed();
     if (line.startsWith(c_refusalPrefix)) {
         m_lastRefusal = line;
     } else if (line.startsWith(c_heardPrefix)) {
@@ -76,4 +79,5 @@ void LineObserver::takeLine(const QString& line)
             Q_EMIT sigWrenchHeard(fields.at(c_addressField), fields.at(c_serialField), fields.at(c_strengthField));
         }
     }
+    Q_EMIT sigLineHeard(bytes.endsWith('\r') ? bytes.chopped(1) : bytes, chunk);
 }

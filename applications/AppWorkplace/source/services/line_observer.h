@@ -29,13 +29,15 @@ public:
     void forgetRefusal() { m_lastRefusal.clear(); }
 
 Q_SIGNALS:
+    /// Each line, without its line end. chunk: the driver's number of the chunk that ended it.
+    void sigLineHeard(const QByteArray& line, int chunk);
     /// A wrench that a scan has heard.
     void sigWrenchHeard(const QString& address, const QString& serialId, const QString& signalStrength);
 
 private:
-    void receive(const QByteArray& chunk);
+    void receive(const QByteArray& bytes, int chunk);
     void keep(const char* bytes, int size);
-    void takeLine(const QString& line);
+    void takeLine(const QByteArray& bytes, int chunk);
 
     std::unique_ptr<DOrder> m_listener;
     QByteArray m_partialLine;

@@ -1,5 +1,6 @@
 #include "session.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <lib_plugins_management/d_abstract_plugin.h>
@@ -42,6 +43,8 @@ Session::Session(const LinkedDevice& wrench, const SessionOrder& order, QObject*
                     Q_EMIT sigWrenchesHeard(m_heard.strongestFirst());
                 }
             });
+    connect(&m_observer, &LineObserver::sigLineHeard, this,
+            [this](const QByteArray& line, int chunk) { m_observed.add(line, chunk); });
     connect(&m_wrench.host, &DHost::sigPropertyChanged, this,
             [this](const DAbstractPlugin* plugin, const QString& name) {
                 if (plugin == &m_wrench.driver) {
@@ -248,9 +251,9 @@ void Session::listen()
         Q_EMIT sigReady();
         return;
     }
-    const QList<QVariantMap> early = std::exchange(m_early, {});
-    for (const QVariantMap& eventData : early) {
-        takeResult(eventData);
+    const QList<TighteningResult> early = std::exchange(m_early, {});
+    for (const TighteningResult& result : early) {
+        takeResult(result);
     }
 }
 
@@ -264,7 +267,7 @@ bool Session::subscribe()
     }
     connect(m_listener.get(), &DOrder::sigResultsPublished, this, [this](const QMap<QString, QVariant>& values) {
         if (values.contains(c_eventData)) {
-            takeResult(values.value(c_eventData).toMap());
+            resultArrived(values.value(c_eventData).toMap());
         }
     });
     connect(m_listener.get(), &DOrder::sigFinished, this,
@@ -273,20 +276,40 @@ bool Session::subscribe()
     return true;
 }
 
-void Session::takeResult(const QVariantMap& eventData)
+void Session::resultArrived(const QVariantMap& eventData)
+{
+    TighteningResult result;
+    result.eventData = eventData;
+    result.rawLine = m_observed.take(eventData);
+    result.arrival = QDateTime::currentDateTimeUtc();
+    result.program = eventData.value(c_progId).toInt();
+    result.preset = presetOf(result.program);
+    result.isFirstAfterReconnection = std::exchange(m_isReconnected, false);
+    takeResult(result);
+}
+
+void Session::takeResult(const TighteningResult& result)
 {
     if (m_isEnding) {
         return;
     }
     if (m_step != Step::Listen) {
-        m_early.append(eventData);
+        m_early.append(result);
         return;
     }
-    ++(isGood(eventData) ? m_summary.good : m_summary.notGood);
-    Q_EMIT sigResult(eventData);
+    ++(isGood(result.eventData) ? m_summary.good : m_summary.notGood);
+    Q_EMIT sigResult(result);
     if (m_order.results > 0 && m_summary.good + m_summary.notGood >= m_order.results) {
         end(SessionSummary::End::Count);
     }
+}
+
+QVariantMap Session::presetOf(int program) const
+{
+    const auto found = std::find_if(m_programs.cbegin(), m_programs.cend(), [program](const QVariant& each) {
+        return each.toMap().value(c_progId).toInt() == program;
+    });
+    return found == m_programs.cend() ? QVariantMap() : found->toMap().value(c_presetData).toMap();
 }
 
 void Session::driverChanged(const QString& property)
@@ -310,6 +333,7 @@ void Session::lineChanged(bool isConnected)
         lineIsOpen();
     } else if (isConnected && m_isLineInTrouble) {
         m_isLineInTrouble = false;
+        m_isReconnected = true;
         Q_EMIT sigLink(true, driverText(c_lineState), QString());
         if (m_step != Step::Listen) {
             cancelTimer();

@@ -12,10 +12,12 @@
 #include "line_end.h"
 #include "line_observer.h"
 #include "linked_device.h"
+#include "observed_results.h"
 #include "problem.h"
 #include "session_order.h"
 #include "session_step.h"
 #include "session_summary.h"
+#include "tightening_result.h"
 
 /// The main job: connect to a wrench, configure it, list its programs, select one, unlock it, and take its tightening
 /// results until a count, a time or an interruption. Whatever happens, it ends in an orderly way: what listens is
@@ -48,7 +50,7 @@ Q_SIGNALS:
     /// The programs as the device plugin lists them, each with its "presetData" added.
     void sigPrograms(const QVariantList& programs);
     void sigSelected(int program, const QVariantMap& preset);
-    void sigResult(const QVariantMap& eventData);
+    void sigResult(const TighteningResult& result);
     /// The line's state while it is in use. message: what is wrong; empty: nothing.
     void sigLink(bool isConnected, const QString& state, const QString& message);
     /// A session that does not listen itself has come to where it would.
@@ -78,7 +80,9 @@ private:
     void keepAliveSet(const Results& results);
     bool subscribe();
     void listen();
-    void takeResult(const QVariantMap& eventData);
+    void resultArrived(const QVariantMap& eventData);
+    void takeResult(const TighteningResult& result);
+    QVariantMap presetOf(int program) const;
 
     void driverChanged(const QString& property);
     void lineChanged(bool isConnected);
@@ -107,8 +111,9 @@ private:
     HeardWrenches m_heard;
     std::unique_ptr<DOrder> m_run; // the command that the session waits for
     std::unique_ptr<DOrder> m_listener;
-    QList<QVariantMap> m_early; // results that came before the session listens
-    Clock::TimerId m_timer = 0; // of opening the line, of a lost line, and of listening
+    ObservedResults m_observed;
+    QList<TighteningResult> m_early; // results that came before the session listens
+    Clock::TimerId m_timer = 0;      // of opening the line, of a lost line, and of listening
     QVariantList m_programs;
     int m_presetsRead = 0;
     Step m_step = Step::Open;
@@ -117,4 +122,5 @@ private:
     SessionSummary m_summary;
     bool m_isEnding = false;
     bool m_isLineInTrouble = false;
+    bool m_isReconnected = false; // since the last result
 };

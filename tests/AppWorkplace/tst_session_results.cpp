@@ -1,0 +1,198 @@
+#include <QtTest>
+
+#include "session_fixture.h"
+
+namespace {
+
+const QByteArray c_line = QByteArrayLiteral("RE:F:12.05,0,0,90,0,17,0");
+
+/// The record that the device plugin makes of a line.
+QVariantMap recordOf(const QByteArray& line, int chunk)
+{
+    const QStringList keys{QStringLiteral("convertedTorque"), QStringLiteral("direction"),
+                           QStringLiteral("torqueStatus"),    QStringLiteral("snugTorqueAngle"),
+                           QStringLiteral("angleStatus"),     QStringLiteral("readingNumber"),
+                           QStringLiteral("readingStatus")};
+    const QStringList fields = QString::fromUtf8(line.mid(5)).split(QLatin1Char(','));
+    QVariantMap record{{QStringLiteral("eventCountNo"), chunk}, {QStringLiteral("progId"), 2}};
+    for (int i = 0; i < keys.size(); ++i) {
+        record.insert(keys.at(i), fields.value(i));
+    }
+    return record;
+}
+
+} // namespace
+
+/// What a session tells with each tightening result.
+class TestSessionResults : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void passesTheRecordOnUnchanged();
+    void findsTheLineOfARecord_data();
+    void findsTheLineOfARecord();
+    void findsNoLineForARecord_data();
+    void findsNoLineForARecord();
+    void takesALineOnce();
+    void forgetsTheLinesBefore();
+    void forgetsTheOldestOfTooManyLines();
+    void tellsWhenItCame();
+    void tellsTheProgramAndItsPreset();
+    void tellsNoPresetOfAnUnknownProgram();
+    void tellsTheFirstAfterAReconnection();
+    void keepsWhatWasKnownOfAnEarlyResult();
+
+private:
+    static void publish(SessionFixture& fixture, const QVariantMap& record);
+};
+
+void TestSessionResults::publish(SessionFixture& fixture, const QVariantMap& record)
+{
+    fixture.device->publish(QStringLiteral("listenEventsData"), {{QStringLiteral("eventData"), record}});
+    SessionFixture::turn();
+}
+
+void TestSessionResults::passesTheRecordOnUnchanged()
+{
+    SessionFixture fixture;
+    fixture.start();
+    const QVariantMap record = recordOf(c_line, 4);
+    publish(fixture, record);
+    QCOMPARE(fixture.shown.value(0).eventData, record);
+}
+
+void TestSessionResults::findsTheLineOfARecord_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::newRow("whole") << c_line;
+    QTest::newRow("without its last field") << QByteArray("RE:F:12.05,0,0,90,0,17");
+    QTest::newRow("with more fields") << QByteArray(c_line + ",9,9");
+    QTest::newRow("with empty fields") << QByteArray("RE:F:12.05,,0,90,0,17,");
+}
+
+void TestSessionResults::findsTheLineOfARecord()
+{
+    QFETCH(QByteArray, line);
+    SessionFixture fixture;
+    fixture.start();
+    fixture.say("OK:1\r\n" + line + "\r\n", 4);
+    SessionFixture::turn();
+    publish(fixture, recordOf(line, 4));
+    QCOMPARE(fixture.shown.value(0).rawLine, line);
+}
+
+void TestSessionResults::findsNoLineForARecord_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<int>("chunk");
+    QTest::newRow("none was seen") << QByteArray() << 4;
+    QTest::newRow("of another chunk") << c_line << 5;
+    QTest::newRow("of another content") << QByteArray("RE:F:12.06,0,0,90,0,17,0") << 4;
+    QTest::newRow("no result") << QByteArray("RE:X:12.05,0,0,90,0,17,0") << 4;
+}
+
+void TestSessionResults::findsNoLineForARecord()
+{
+    QFETCH(QByteArray, line);
+    QFETCH(int, chunk);
+    SessionFixture fixture;
+    fixture.start();
+    fixture.say(line + "\r\n", chunk);
+    SessionFixture::turn();
+    publish(fixture, recordOf(c_line, 4));
+    QCOMPARE(fixture.shown.size(), 1);
+    QCOMPARE(fixture.shown.first().rawLine, QByteArray());
+}
+
+void TestSessionResults::takesALineOnce()
+{
+    ObservedResults observed;
+    observed.add(c_line, 4);
+    QCOMPARE(observed.take(recordOf(c_line, 4)), c_line);
+    QCOMPARE(observed.take(recordOf(c_line, 4)), QByteArray());
+}
+
+void TestSessionResults::forgetsTheLinesBefore()
+{
+    const QByteArray later = QByteArrayLiteral("RE:F:13.00,0,0,90,0,18,0");
+    ObservedResults observed;
+    observed.add(c_line, 4);
+    observed.add(later, 4);
+    QCOMPARE(observed.take(recordOf(later, 4)), later);
+    QCOMPARE(observed.take(recordOf(c_line, 4)), QByteArray());
+}
+
+void TestSessionResults::forgetsTheOldestOfTooManyLines()
+{
+    ObservedResults observed;
+    for (int chunk = 1; chunk <= ObservedResults::c_mostLines + 1; ++chunk) {
+        observed.add(c_line, chunk);
+    }
+    QCOMPARE(observed.take(recordOf(c_line, 1)), QByteArray());
+    QCOMPARE(observed.take(recordOf(c_line, 2)), c_line);
+}
+
+void TestSessionResults::tellsWhenItCame()
+{
+    SessionFixture fixture;
+    fixture.start();
+    const QDateTime before = QDateTime::currentDateTimeUtc();
+    publish(fixture, recordOf(c_line, 4));
+    const QDateTime arrival = fixture.shown.value(0).arrival;
+    QVERIFY(arrival >= before && arrival <= QDateTime::currentDateTimeUtc());
+    QCOMPARE(arrival.timeSpec(), Qt::UTC);
+}
+
+void TestSessionResults::tellsTheProgramAndItsPreset()
+{
+    SessionFixture fixture;
+    fixture.start();
+    publish(fixture, recordOf(c_line, 4));
+    QCOMPARE(fixture.shown.value(0).program, 2);
+    QCOMPARE(fixture.shown.value(0).preset, (QVariantMap{{QStringLiteral("unit"), QStringLiteral("N.m")}}));
+}
+
+void TestSessionResults::tellsNoPresetOfAnUnknownProgram()
+{
+    SessionFixture fixture;
+    fixture.start();
+    QVariantMap record = recordOf(c_line, 4);
+    record.insert(QStringLiteral("progId"), 9);
+    publish(fixture, record);
+    QCOMPARE(fixture.shown.value(0).program, 9);
+    QCOMPARE(fixture.shown.value(0).preset, QVariantMap());
+}
+
+void TestSessionResults::tellsTheFirstAfterAReconnection()
+{
+    SessionFixture fixture;
+    fixture.start();
+    fixture.tighten(1);
+    fixture.loseLine();
+    fixture.openLine();
+    fixture.tighten(2);
+    fixture.tighten(3);
+    QVector<bool> told;
+    for (const TighteningResult& result : qAsConst(fixture.shown)) {
+        told.append(result.isFirstAfterReconnection);
+    }
+    QCOMPARE(told, (QVector<bool>{false, true, false}));
+}
+
+void TestSessionResults::keepsWhatWasKnownOfAnEarlyResult()
+{
+    SessionFixture fixture;
+    const auto tighten = [&fixture] {
+        fixture.say(c_line + "\r\n", 4);
+        fixture.device->publish(QStringLiteral("listenEventsData"),
+                                {{QStringLiteral("eventData"), recordOf(c_line, 4)}});
+    };
+    fixture.device->setReaction(QStringLiteral("setLock"),
+                                {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, tighten});
+    fixture.start();
+    QCOMPARE(fixture.shown.value(0).rawLine, c_line);
+}
+
+QTEST_GUILESS_MAIN(TestSessionResults)
+#include "tst_session_results.moc"
