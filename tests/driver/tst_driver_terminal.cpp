@@ -5,7 +5,9 @@
 
 #include <csignal>
 #include <fcntl.h>
+#include <grp.h>
 #include <sys/file.h>
+#include <sys/ioctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -72,7 +74,9 @@ private Q_SLOTS:
     void opensAPortWhoseHolderWasKilled();
     void namesAMissingPort();
     void refusesAFileThatIsNoPort();
+    void saysWhatToDoWhenThePortIsNotPermitted_data();
     void saysWhatToDoWhenThePortIsNotPermitted();
+    void saysHowToLearnWhoHoldsAPortWhenOnlyRootCanSee();
     void saysHowToRemoveAStaleLockOfAnotherUser();
     void refusesSettingsThatThePortDoesNotHave();
     void opensAgainForAWriteAfterClosing();
@@ -265,7 +269,8 @@ public:
         m_process = ::fork();
         if (m_process == 0) {
             const int port = ::open(name.constData(), O_RDWR | O_NOCTTY);
-            if (port >= 0 && ::flock(port, LOCK_EX) == 0 && ::write(ready[1], "", 1) == 1) {
+            if (port >= 0 && ::flock(port, LOCK_EX) == 0 && ::ioctl(port, TIOCEXCL) == 0 &&
+                ::write(ready[1], "", 1) == 1) {
                 ::pause(); // until it is killed
             }
             ::_exit(1);
@@ -302,7 +307,8 @@ void TestDriverTerminal::namesTheProgramThatHoldsThePort()
     const Holder holder(m_terminal->path());
     QVERIFY(holder.isHolding());
     QVERIFY(!write(*m_line, "1"));
-    const QString named = QStringLiteral("in use by tst_driver_term (process %1)").arg(holder.process());
+    const QString named = QStringLiteral("Another program holds the port %1: %2 tst_driver_term; ")
+                              .arg(m_terminal->path(), QString::number(holder.process()));
     QVERIFY2(m_line->error().contains(named), qPrintable(m_line->error()));
 }
 
@@ -359,7 +365,9 @@ QString problemForAnOrdinaryUser(const QString& port)
     }
     const pid_t child = ::fork();
     if (child == 0) {
-        const bool isOrdinary = ::getuid() != 0 || (::setgid(c_nobody) == 0 && ::setuid(c_nobody) == 0);
+        // Its group is one that no user has been given, least of all this one.
+        const bool isOrdinary =
+            ::getuid() != 0 || (::setgroups(0, nullptr) == 0 && ::setgid(c_nobody - 1) == 0 && ::setuid(c_nobody) == 0);
         const QByteArray text = isOrdinary ? port_problem::cannotOpen(port, QString()).toUtf8() : QByteArray();
         const bool isTold = ::write(answer[1], text.constData(), static_cast<size_t>(text.size())) == text.size();
         ::_exit(isTold ? 0 : 1);
@@ -376,13 +384,48 @@ QString problemForAnOrdinaryUser(const QString& port)
 
 } // namespace
 
+void TestDriverTerminal::saysWhatToDoWhenThePortIsNotPermitted_data()
+{
+    QTest::addColumn<QString>("group");
+    QTest::addColumn<int>("rights");
+    QTest::addColumn<QString>("mend");
+    QTest::newRow("the usual group") << "dialout" << 0660 << "run \"sudo usermod -aG dialout $USER\" and log in again";
+    QTest::newRow("another group") << "tty" << 0660 << "run \"sudo usermod -aG tty $USER\" and log in again";
+    QTest::newRow("a group without rights") << "dialout" << 0600 << "run \"sudo chown $USER ";
+    QTest::newRow("a group that may only read") << "dialout" << 0640 << "run \"sudo chown $USER ";
+    QTest::newRow("the group of root") << "root" << 0660 << "run \"sudo chown $USER ";
+    QTest::newRow("a group since the last log-in") << "nogroup" << 0660 << "log out and in again";
+}
+
 void TestDriverTerminal::saysWhatToDoWhenThePortIsNotPermitted()
 {
-    QVERIFY(::chmod(m_terminal->path().toLocal8Bit().constData(), 0) == 0);
+    QFETCH(QString, group);
+    QFETCH(int, rights);
+    QFETCH(QString, mend);
+    if (::getuid() != 0) {
+        QSKIP("only root can give a port to another group and become a user without rights");
+    }
+    const QByteArray path = m_terminal->path().toLocal8Bit();
+    const struct group* entry = ::getgrnam(group.toLocal8Bit().constData());
+    QVERIFY(entry != nullptr);
+    QCOMPARE(::chown(path.constData(), 0, entry->gr_gid), 0);
+    QCOMPARE(::chmod(path.constData(), mode_t(rights)), 0);
     const QString told = problemForAnOrdinaryUser(m_terminal->path());
-    QVERIFY2(
-        told.contains(m_terminal->path() + QStringLiteral(" may not be opened by this user: run \"sudo usermod -aG ")),
-        qPrintable(told));
+    QVERIFY2(told.startsWith(QStringLiteral("The port %1 may not be opened").arg(m_terminal->path())),
+             qPrintable(told));
+    QVERIFY2(told.contains(mend), qPrintable(told));
+}
+
+void TestDriverTerminal::saysHowToLearnWhoHoldsAPortWhenOnlyRootCanSee()
+{
+    if (::getuid() != 0) {
+        QSKIP("only root can be another user than the one who holds the port");
+    }
+    QVERIFY(::chmod(m_terminal->path().toLocal8Bit().constData(), 0666) == 0);
+    const Holder holder(m_terminal->path());
+    QVERIFY(holder.isHolding());
+    const QString told = problemForAnOrdinaryUser(m_terminal->path());
+    QVERIFY2(told.contains(QStringLiteral("run \"sudo lsof %1\"").arg(m_terminal->path())), qPrintable(told));
 }
 
 void TestDriverTerminal::saysHowToRemoveAStaleLockOfAnotherUser()

@@ -8,9 +8,13 @@
 #include <QSerialPortInfo>
 #include <QStringList>
 
+#include <cerrno>
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include "port_rights.h"
 
 namespace {
 
@@ -39,7 +43,7 @@ QString programName(qint64 processId)
     return name.open(QIODevice::ReadOnly) ? QString::fromLocal8Bit(name.readAll()).trimmed() : QString();
 }
 
-/// 0: none is to be found. Other users' processes show their open files to root only.
+/// 0: none is to be found, which says little of the processes of other users.
 qint64 processWithOpenFile(const QString& location)
 {
     const QStringList processes = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
@@ -102,25 +106,18 @@ QString noSerialPort(const QString& name)
         .arg(name, QLatin1String(c_namesFolder));
 }
 
-/// Of a character device that may be opened: /dev/null, for one. False, too, when it is a terminal in use.
-bool isNoTerminal(const QByteArray& path)
+enum class Opening { Terminal, NoTerminal, Busy, Refused };
+
+/// What comes of opening a character device that this user may open.
+Opening tryToOpen(const QByteArray& path)
 {
     const int file = ::open(path.constData(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (file < 0) {
-        return false;
+        return errno == EBUSY ? Opening::Busy : Opening::Refused;
     }
     const bool isTerminal = ::isatty(file) != 0;
     ::close(file);
-    return !isTerminal;
-}
-
-QString notPermitted(const QString& name, const QString& location)
-{
-    const QString owner = QFileInfo(location).group();
-    const bool hasGroup = !owner.isEmpty() && owner != QLatin1String("root");
-    return QStringLiteral("The port %1 may not be opened by this user: run \"sudo usermod -aG %2 $USER\" and log in "
-                          "again.")
-        .arg(name, hasGroup ? owner : QStringLiteral("dialout"));
+    return isTerminal ? Opening::Terminal : Opening::NoTerminal;
 }
 
 QString heldBy(const QString& name, qint64 processId)
@@ -131,10 +128,16 @@ QString heldBy(const QString& name, qint64 processId)
             .arg(name)
             .arg(processId);
     }
-    const QString program = programName(processId);
-    return QStringLiteral("The port %1 is in use by %2 (process %3): close that program or choose another port.")
-        .arg(name, program.isEmpty() ? QStringLiteral("another program") : program)
-        .arg(processId);
+    return QStringLiteral("Another program holds the port %1: %2 %3; close that program or choose another port.")
+        .arg(name, QString::number(processId), programName(processId));
+}
+
+/// Other users' processes show their open files to root only.
+QString heldUnseen(const QString& name, const QString& location)
+{
+    return QStringLiteral("Another program holds the port %1, one of another user, which only root can see: run \"sudo "
+                          "lsof %2\" to learn which, and close it or choose another port.")
+        .arg(name, location);
 }
 
 QString staleLock(const QString& name, const QString& lockFile, qint64 processId)
@@ -159,10 +162,11 @@ QString port_problem::cannotOpen(const QString& name, const QString& systemText)
         return noSerialPort(name);
     }
     if (::access(path.constData(), R_OK | W_OK) != 0) {
-        return notPermitted(name, location);
+        return port_rights::notPermitted(name, location);
     }
-    if (isNoTerminal(path)) {
-        return noSerialPort(name);
+    const Opening opening = tryToOpen(path);
+    if (opening == Opening::NoTerminal) {
+        return noSerialPort(name); // /dev/null, for one
     }
     const qint64 locker = processInLockFile(location);
     if (locker != 0) {
@@ -172,18 +176,18 @@ QString port_problem::cannotOpen(const QString& name, const QString& systemText)
     if (holder != 0) {
         return heldBy(name, holder);
     }
+    if (opening == Opening::Busy) {
+        return heldUnseen(name, location);
+    }
     return QStringLiteral("The port %1 cannot be opened (%2): check that it is a working serial port.")
         .arg(name, systemText);
 }
 
 QString port_problem::inUse(const QString& name)
 {
-    const qint64 holder = processWithOpenFile(QFileInfo(name).canonicalFilePath());
-    return holder != 0
-               ? heldBy(name, holder)
-               : QStringLiteral("The port %1 is in use by another user's program: close that program or choose another "
-                                "port.")
-                     .arg(name);
+    const QString location = QFileInfo(name).canonicalFilePath();
+    const qint64 holder = processWithOpenFile(location);
+    return holder != 0 ? heldBy(name, holder) : heldUnseen(name, location);
 }
 
 QString port_problem::unsupported(const QString& name, const QString& setting)
