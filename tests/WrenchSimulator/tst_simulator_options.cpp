@@ -139,6 +139,9 @@ void TestSimulatorOptions::wrongOptionsAreRefused_data()
     row("--wrench A,colour=red", "\"colour=red\"");
     row("--wrench A --wrench B,mac=02:00:00:00:00:01", "02:00:00:00:00:01");
     row("--link a --device b", "--link and --device");
+    row("--baud fast", "--baud \"fast\" is no whole number from 50 to 4000000");
+    row("--baud 0", "--baud \"0\"");
+    row("--baud 9600 --device b", "--baud and --device");
 }
 
 void TestSimulatorOptions::wrongOptionsAreRefused()

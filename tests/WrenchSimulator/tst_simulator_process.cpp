@@ -71,6 +71,7 @@ private Q_SLOTS:
     void exclusiveUseEndsWithItsOwner();
     void exclusiveUseOutlivesAnotherUser();
     void terminalIsRawFromTheBeginning();
+    void anotherSpeedTurnsTheTalkIntoGarbage();
     void unreadOutputIsBounded();
     void userSignalTightens();
     void servesASerialDevice();
@@ -293,6 +294,44 @@ void TestSimulatorProcess::terminalIsRawFromTheBeginning()
     QCOMPARE(settings.c_lflag & static_cast<tcflag_t>(ECHO | ICANON | ISIG), 0U);
     QCOMPARE(settings.c_iflag & static_cast<tcflag_t>(ICRNL | IXON), 0U);
     QCOMPARE(settings.c_oflag & static_cast<tcflag_t>(OPOST), 0U);
+}
+
+void TestSimulatorProcess::anotherSpeedTurnsTheTalkIntoGarbage()
+{
+    SimulatorProcess simulator;
+    QVERIFY(simulator.start(quickly({QStringLiteral("--baud"), QStringLiteral("57600")})));
+    OpenTerminal terminal(simulator.path());
+    QVERIFY(terminal.isOpen());
+    const auto setSpeed = [&terminal](speed_t speed) {
+        termios settings{};
+        ::tcgetattr(terminal.descriptor(), &settings);
+        ::cfsetspeed(&settings, speed);
+        ::tcsetattr(terminal.descriptor(), TCSANOW, &settings);
+    };
+    setSpeed(B57600);
+    terminal.send("ATH");
+    QCOMPARE(terminal.receive(5), QByteArray("ATH\r\n"));
+
+    setSpeed(B9600);
+    terminal.send("ATH");
+    // The second answer comes when what was there before the first question has been read.
+    simulator.command("wrenches");
+    simulator.command("wrenches");
+    setSpeed(B57600);
+    terminal.send("");
+    QCOMPARE(terminal.receive(7), QByteArray("ERR:3\r\n")); // a frame that is not the dongle's, for no wrench
+
+    terminal.send("ATD 020000000001");
+    QVERIFY(terminal.receive(24).endsWith("DATA\r\n"));
+    terminal.send("RE:1");
+    QCOMPARE(terminal.receive(6), QByteArray("OK:1\r\n"));
+    setSpeed(B9600);
+    QVERIFY(simulator.command("tighten").startsWith(QStringLiteral("ok ")));
+    const QByteArray garbage = terminal.receive(20);
+    QVERIFY(garbage.size() >= 20);
+    for (const char byte : garbage) {
+        QVERIFY((byte & '\x80') != 0);
+    }
 }
 
 void TestSimulatorProcess::unreadOutputIsBounded()

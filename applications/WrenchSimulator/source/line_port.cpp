@@ -6,8 +6,8 @@
 
 #include <unistd.h>
 
-LinePort::LinePort(std::unique_ptr<Terminal> terminal, QObject* parent)
-    : QObject(parent), m_terminal(std::move(terminal))
+LinePort::LinePort(std::unique_ptr<Terminal> terminal, LineSpeed speed, QObject* parent)
+    : QObject(parent), m_terminal(std::move(terminal)), m_speed(speed)
 {}
 
 LinePort::~LinePort()
@@ -44,7 +44,7 @@ void LinePort::close()
 
 void LinePort::write(const QByteArray& chunk)
 {
-    m_rest = chunk;
+    m_rest = m_speed.through(m_terminal->descriptor(), chunk);
     writeRest();
 }
 
@@ -61,7 +61,7 @@ void LinePort::readAll()
     std::array<char, 4096> buffer{};
     const ssize_t size = ::read(m_terminal->descriptor(), buffer.data(), buffer.size());
     if (size > 0) {
-        Q_EMIT received(QByteArray(buffer.data(), static_cast<int>(size)));
+        Q_EMIT received(m_speed.through(m_terminal->descriptor(), QByteArray(buffer.data(), static_cast<int>(size))));
     } else if (size == 0 || (errno != EAGAIN && errno != EINTR)) {
         hangUp();
     }

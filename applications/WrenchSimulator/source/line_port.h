@@ -1,5 +1,6 @@
 #pragma once
 
+#include "line_speed.h"
 #include "terminal.h"
 
 #include <QByteArray>
@@ -14,7 +15,7 @@ class LinePort : public QObject
     Q_OBJECT
 
 public:
-    explicit LinePort(std::unique_ptr<Terminal> terminal, QObject* parent = nullptr);
+    LinePort(std::unique_ptr<Terminal> terminal, LineSpeed speed, QObject* parent = nullptr);
     ~LinePort() override;
 
     bool open(QString* error);
@@ -47,6 +48,7 @@ private:
     void hangUp();
 
     std::unique_ptr<Terminal> m_terminal;
+    const LineSpeed m_speed;
     std::unique_ptr<QSocketNotifier> m_readNotifier;
     std::unique_ptr<QSocketNotifier> m_writeNotifier;
     std::unique_ptr<QSocketNotifier> m_readerNotifier;

@@ -187,6 +187,14 @@ Options read(const QCommandLineParser& parser)
     if (!result.linkPath.isEmpty() && !result.devicePath.isEmpty()) {
         throw Refusal{QStringLiteral("--link and --device exclude each other: a device has a path already")};
     }
+    if (parser.isSet(option("baud"))) {
+        constexpr int c_minBaud = 50;
+        constexpr int c_maxBaud = 4000000;
+        result.baud = wholeNumber(parser, "baud", c_minBaud, c_maxBaud);
+        if (!result.devicePath.isEmpty()) {
+            throw Refusal{QStringLiteral("--baud and --device exclude each other: a device has a speed of its own")};
+        }
+    }
     result.hasConsole = parser.isSet(option("console"));
     result.exitsWithParent = parser.isSet(option("exit-with-parent"));
     return result;
@@ -220,6 +228,7 @@ void declare(QCommandLineParser& parser)
     add("fault", "Something that goes wrong, see above; may be repeated.", "fault");
     add("seed", "All chance comes from this number: the same seed, the same run.", "n", "1");
     add("link", "Makes a symbolic link to the terminal, removed at the end.", "path");
+    add("baud", "The dongle's speed: while the terminal is set to another one, both sides receive garbage.", "n");
     add("device", "Uses this serial device instead of a pseudo-terminal.", "path");
     add("console", "Reads commands from standard input; \"help\" lists them. Ends at its end of file.");
     add("exit-with-parent", "Ends when the process (and thread) that started it ends, in whatever way.");

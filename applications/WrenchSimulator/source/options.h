@@ -16,6 +16,7 @@ struct Options
     quint32 seed = 1;
     QString linkPath;   ///< empty: none
     QString devicePath; ///< empty: a pseudo-terminal
+    int baud = 0;       ///< of the dongle on a pseudo-terminal; 0: whatever the other side has set
     bool hasConsole = false;
     bool exitsWithParent = false;
 };
