@@ -41,7 +41,10 @@ Dongle makeDongle(const Options& options)
 } // namespace
 
 Simulator::Simulator(const Options& options, QObject* parent)
-    : QObject(parent), m_dongle(makeDongle(options)), m_console(m_dongle, *this), m_port(makeTerminal(options), LineSpeed(options.baud))
+    : QObject(parent)
+    , m_dongle(makeDongle(options))
+    , m_console(m_dongle, *this)
+    , m_port(makeTerminal(options), LineSpeed(options.baud))
 {
     m_clock.start();
     m_timer.setSingleShot(true);
