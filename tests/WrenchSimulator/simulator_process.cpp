@@ -19,10 +19,15 @@ SimulatorProcess::~SimulatorProcess()
     m_process.waitForFinished();
 }
 
-bool SimulatorProcess::start(const QStringList& arguments)
+bool SimulatorProcess::start(const QStringList& arguments, Console console)
 {
+    const QStringList common = console == Console::Yes ? QStringList(QStringLiteral("--console")) : QStringList();
+    // Under the address sanitizer what was freed is kept for a while; not so much that it looks like a leak.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("quarantine_size_mb=1"));
+    m_process.setProcessEnvironment(environment);
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_process.start(QStringLiteral(SIMULATOR), QStringList(QStringLiteral("--console")) + arguments);
+    m_process.start(QStringLiteral(SIMULATOR), common + arguments);
     const QString line = readLine();
     if (!line.startsWith(QStringLiteral("ready "))) {
         return false;

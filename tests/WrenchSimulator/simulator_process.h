@@ -5,14 +5,16 @@
 #include <QString>
 #include <QStringList>
 
-/// The built simulator with a console, running on its own.
+/// The built simulator, running on its own.
 class SimulatorProcess
 {
 public:
     ~SimulatorProcess();
 
+    enum class Console { No, Yes };
+
     /// Starts it and waits for "ready"; false when it ended or said something else.
-    bool start(const QStringList& arguments);
+    bool start(const QStringList& arguments, Console console = Console::Yes);
 
     /// One console command and its answer, or what else it said first.
     QString command(const char* text);

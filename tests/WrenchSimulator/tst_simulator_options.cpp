@@ -13,6 +13,7 @@ private Q_SLOTS:
     void modesAreRead_data();
     void modesAreRead();
     void faultsAreRead();
+    void replayIsRead();
     void helpExplains();
     void wrongOptionsAreRefused_data();
     void wrongOptionsAreRefused();
@@ -101,6 +102,16 @@ void TestSimulatorOptions::faultsAreRead()
     QVERIFY(faults[2].trigger == Fault::Trigger::FromFrame);
 }
 
+void TestSimulatorOptions::replayIsRead()
+{
+    const ParsedOptions recorded = parse("--replay a.txt --link b");
+    QVERIFY2(recorded.outcome == ParsedOptions::Outcome::Run, qPrintable(recorded.text));
+    QCOMPARE(recorded.options.replay.tracePath, QStringLiteral("a.txt"));
+    QVERIFY(recorded.options.replay.pace == Replayer::Pace::Recorded);
+    QVERIFY(parse("--replay a.txt --pace fast").options.replay.pace == Replayer::Pace::Fast);
+    QVERIFY(parse("").options.replay.tracePath.isEmpty());
+}
+
 void TestSimulatorOptions::helpExplains()
 {
     const ParsedOptions parsed = parse("--help");
@@ -142,6 +153,11 @@ void TestSimulatorOptions::wrongOptionsAreRefused_data()
     row("--baud fast", "--baud \"fast\" is no whole number from 50 to 4000000");
     row("--baud 0", "--baud \"0\"");
     row("--baud 9600 --device b", "--baud and --device");
+    row("--replay a --fault silence", "--replay and --fault");
+    row("--replay a --console", "--replay and --console");
+    row("--replay a --pace slow", "--pace \"slow\"");
+    row("--replay=", "--replay: name");
+    row("--pace fast", "--pace is for a replay");
 }
 
 void TestSimulatorOptions::wrongOptionsAreRefused()

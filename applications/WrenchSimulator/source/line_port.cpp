@@ -69,7 +69,9 @@ void LinePort::readAll()
 
 void LinePort::readersChanged()
 {
-    forgetUnread();
+    if (!forgetUnread()) {
+        Q_EMIT heard();
+    }
 }
 
 bool LinePort::forgetUnread()

@@ -21,6 +21,7 @@ public:
     bool open(QString* error);
     void close();
     bool isOpen() const { return m_terminal->descriptor() >= 0; }
+    bool hasReader() { return m_terminal->hasReader(); }
     QString path() const { return m_terminal->path(); }
 
     /// False while the terminal is full: write nothing then, writable() will follow.
@@ -32,6 +33,9 @@ public:
 Q_SIGNALS:
     void received(const QByteArray& bytes);
     void writable();
+
+    /// Somebody is there to read.
+    void heard();
 
     /// Nobody is there to read: what waits to be written is not for whoever comes next.
     void unread();

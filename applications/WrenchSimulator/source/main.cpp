@@ -1,13 +1,16 @@
 #include "file_descriptor.h"
 #include "options.h"
+#include "replay_simulator.h"
 #include "say.h"
 #include "simulator.h"
+#include "trace_reader.h"
 
 #include <QCoreApplication>
 #include <QSocketNotifier>
 
 #include <csignal>
 #include <cstdio>
+#include <functional>
 
 #include <sys/prctl.h>
 #include <sys/signalfd.h>
@@ -27,6 +30,46 @@ int takeSignals()
     ::sigprocmask(SIG_BLOCK, &signals, nullptr);
     std::signal(SIGPIPE, SIG_IGN); // who stops reading our standard output does not end us
     return ::signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC);
+}
+/// Shows the line until a signal, or the shell itself, ends the program. onUserSignal: what SIGUSR1 does.
+template <class Shell>
+int serve(Shell& shell, int signalPipe, const std::function<void()>& onUserSignal)
+{
+    QSocketNotifier signalNotifier(signalPipe, QSocketNotifier::Read);
+    QObject::connect(&signalNotifier, &QSocketNotifier::activated, &shell, [&onUserSignal, signalPipe] {
+        signalfd_siginfo signal{};
+        while (::read(signalPipe, &signal, sizeof(signal)) == sizeof(signal)) {
+            if (signal.ssi_signo == SIGUSR1) {
+                onUserSignal();
+            } else {
+                QCoreApplication::quit();
+            }
+        }
+    });
+    QString error;
+    if (!shell.start(&error)) {
+        sayNote(error);
+        return c_exitSetUp;
+    }
+    return QCoreApplication::exec();
+}
+
+int simulate(const Options& options, int signalPipe)
+{
+    Simulator simulator(options);
+    return serve(simulator, signalPipe, [&simulator] { simulator.tightenOnce(); });
+}
+
+int replay(const Options& options, int signalPipe)
+{
+    TraceReader trace(options.replay.tracePath);
+    if (!trace.check()) {
+        sayNote(trace.error());
+        return c_exitUsage;
+    }
+    ReplaySimulator simulator(options, trace);
+    const int status = serve(simulator, signalPipe, [] {});
+    return status == 0 ? simulator.finish() : status;
 }
 } // namespace
 
@@ -54,22 +97,6 @@ int main(int argc, char* argv[])
         }
     }
 
-    Simulator simulator(parsed.options);
-    QSocketNotifier signalNotifier(signalPipe.get(), QSocketNotifier::Read);
-    QObject::connect(&signalNotifier, &QSocketNotifier::activated, &simulator, [&simulator, &signalPipe] {
-        signalfd_siginfo signal{};
-        while (::read(signalPipe.get(), &signal, sizeof(signal)) == sizeof(signal)) {
-            if (signal.ssi_signo == SIGUSR1) {
-                simulator.tightenOnce();
-            } else {
-                QCoreApplication::quit();
-            }
-        }
-    });
-    QString error;
-    if (!simulator.start(&error)) {
-        sayNote(error);
-        return c_exitSetUp;
-    }
-    return QCoreApplication::exec();
+    const bool isReplay = !parsed.options.replay.tracePath.isEmpty();
+    return isReplay ? replay(parsed.options, signalPipe.get()) : simulate(parsed.options, signalPipe.get());
 }

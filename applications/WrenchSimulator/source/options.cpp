@@ -155,6 +155,36 @@ std::vector<Wrench::Settings> wrenches(const QCommandLineParser& parser)
     return result;
 }
 
+ReplayOptions replay(const QCommandLineParser& parser)
+{
+    const bool isReplay = parser.isSet(option("replay"));
+    const QStringList given = parser.optionNames();
+    for (const QString& name : given) {
+        const bool isForReplay = name == option("pace");
+        const bool isForBoth = name == option("replay") || name == option("link") || name == option("device") ||
+                               name == option("baud") || name == option("exit-with-parent");
+        if (isReplay && !isForReplay && !isForBoth) {
+            throw Refusal{QStringLiteral("--replay and --%1 exclude each other: a replay has no dongle, it says what "
+                                         "the trace says")
+                              .arg(name)};
+        }
+        if (!isReplay && isForReplay) {
+            throw Refusal{QStringLiteral("--%1 is for a replay: give --replay TRACE, too").arg(name)};
+        }
+    }
+    ReplayOptions result;
+    result.tracePath = parser.value(option("replay"));
+    if (isReplay && result.tracePath.isEmpty()) {
+        throw Refusal{QStringLiteral("--replay: name the file of a trace")};
+    }
+    const QString pace = parser.value(option("pace"));
+    if (pace != QLatin1String("recorded") && pace != QLatin1String("fast")) {
+        throw Refusal{QStringLiteral("--pace \"%1\" is not known: give recorded or fast").arg(pace)};
+    }
+    result.pace = pace == QLatin1String("fast") ? Replayer::Pace::Fast : Replayer::Pace::Recorded;
+    return result;
+}
+
 Options read(const QCommandLineParser& parser)
 {
     if (!parser.positionalArguments().isEmpty()) {
@@ -162,6 +192,7 @@ Options read(const QCommandLineParser& parser)
                           .arg(parser.positionalArguments().constFirst())};
     }
     Options result;
+    result.replay = replay(parser);
     result.dongle.mode = mode(parser);
     result.dongle.linkDelayUs = milliseconds(parser, "link-delay", 0);
     result.dongle.answerDelayUs = milliseconds(parser, "answer-delay", 0);
@@ -227,6 +258,15 @@ void declare(QCommandLineParser& parser)
     add("echo", "Same as --fault echo.");
     add("fault", "Something that goes wrong, see above; may be repeated.", "fault");
     add("seed", "All chance comes from this number: the same seed, the same run.", "n", "1");
+    add("replay",
+        "Has no dongle and no wrench, but plays the dongle's side of this trace of a serial line. What the host says "
+        "differently is told once. Ends when all is played and the line is closed: 0 when the host said what it says "
+        "in the trace, otherwise 1.",
+        "trace");
+    add("pace",
+        "When the chunks of a trace leave: as recorded, or fast, as soon as the host has said what it said "
+        "before them.",
+        "recorded|fast", "recorded");
     add("link", "Makes a symbolic link to the terminal, removed at the end.", "path");
     add("baud", "The dongle's speed: while the terminal is set to another one, both sides receive garbage.", "n");
     add("device", "Uses this serial device instead of a pseudo-terminal.", "path");

@@ -1,11 +1,19 @@
 #pragma once
 
 #include "dongle.h"
+#include "replayer.h"
 
 #include <QString>
 #include <QStringList>
 
 #include <vector>
+
+/// A trace to play instead of having a dongle.
+struct ReplayOptions
+{
+    QString tracePath; ///< empty: none
+    Replayer::Pace pace = Replayer::Pace::Recorded;
+};
 
 /// What the command line asks for.
 struct Options
@@ -13,6 +21,7 @@ struct Options
     Dongle::Settings dongle;
     std::vector<Wrench::Settings> wrenches;
     std::vector<Fault> faults;
+    ReplayOptions replay;
     quint32 seed = 1;
     QString linkPath;   ///< empty: none
     QString devicePath; ///< empty: a pseudo-terminal

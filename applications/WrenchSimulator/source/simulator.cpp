@@ -1,8 +1,7 @@
 #include "simulator.h"
 
-#include "pseudo_terminal.h"
+#include "make_terminal.h"
 #include "say.h"
-#include "serial_device.h"
 
 #include <QCoreApplication>
 
@@ -16,14 +15,6 @@
 namespace {
 constexpr qint64 c_nsPerUs = 1000;
 constexpr qint64 c_usPerMs = 1000;
-
-std::unique_ptr<Terminal> makeTerminal(const Options& options)
-{
-    if (options.devicePath.isEmpty()) {
-        return std::make_unique<PseudoTerminal>(options.linkPath);
-    }
-    return std::make_unique<SerialDevice>(options.devicePath);
-}
 
 Dongle makeDongle(const Options& options)
 {
