@@ -23,5 +23,6 @@ function(workplace_add_test name)
   set_tests_properties(${name} PROPERTIES
     LABELS ${arg_LABEL}
     TIMEOUT ${arg_TIMEOUT}
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=UTC;LC_ALL=C.UTF-8")
+    # What this user has configured is nothing to the tests.
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=UTC;LC_ALL=C.UTF-8;XDG_CONFIG_HOME=${PROJECT_BINARY_DIR}/tests/no-configuration")
 endfunction()

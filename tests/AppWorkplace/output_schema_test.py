@@ -28,6 +28,7 @@ RUNS = [
     (["commands"], 0),
     (["commands", "nothing"], 2),
     (["ports"], 0),
+    (["config"], 0),
 ]
 
 with open(SCHEMA_FILE, encoding="utf-8") as schema_file:
@@ -95,7 +96,7 @@ class SchemaTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         arguments = [["session", "--count", "1", "--program", "2"], ["session", "--program", "9"], ["commands"],
-                     ["run", "checkSerialId"]]
+                     ["run", "checkSerialId"], ["config"]]
         cls.samples = {}
         for each in arguments:
             done = subprocess.run([PROGRAM, "--json", *each], capture_output=True, text=True, timeout=LIMIT_S,

@@ -1,23 +1,36 @@
 #include <QtTest>
 
+#include <QDir>
+#include <QTemporaryDir>
 #include <QTemporaryFile>
 
+#include "cli/all_commands.h"
 #include "cli/command_line.h"
-#include "cli/commands_command.h"
 #include "cli/number_options.h"
-#include "cli/ports_command.h"
-#include "cli/run_command.h"
-#include "cli/scan_command.h"
-#include "cli/session_command.h"
 
 namespace {
 
 const QList<CliEntry>& entries()
 {
-    static const QList<CliEntry> all = {SessionCommand::entry(), ScanCommand::entry(), RunCommand::entry(),
-                                        CommandsCommand::entry(), PortsCommand::entry()};
+    static const QList<CliEntry> all = allCommands();
     return all;
 }
+
+/// A configuration file with that text.
+class ConfigurationText
+{
+public:
+    explicit ConfigurationText(const char* text)
+    {
+        m_file.open();
+        m_file.write(text);
+        m_file.close();
+    }
+    QString name() const { return m_file.fileName(); }
+
+private:
+    QTemporaryFile m_file;
+};
 
 /// words: behind the program's name, a blank apart.
 Invocation read(const QString& words)
@@ -30,11 +43,9 @@ Invocation read(const QString& words)
 Problem problemOf(const QString& words)
 {
     const Invocation invocation = read(words);
-    Problem problem = invocation.problem;
-    if (problem.what.isEmpty() && invocation.entry != nullptr) {
-        Console console(stdout, stderr, false);
-        invocation.entry->make({console, invocation.settings, invocation.arguments, *invocation.options}, &problem);
-    }
+    Console console(stdout, stderr, false);
+    Problem problem;
+    invocation.make(console, entries(), &problem);
     return problem;
 }
 
@@ -45,6 +56,8 @@ class TestCommandLine : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void init() { qputenv("XDG_CONFIG_HOME", "/nowhere"); }
+
     void takesOptionsAnywhere_data();
     void takesOptionsAnywhere();
     void takesAValueThatLooksLikeACommand();
@@ -57,6 +70,11 @@ private Q_SLOTS:
     void showsTheHelp();
     void putsTheCommandLineBeforeTheConfiguration();
     void refusesAWrongConfiguration();
+    void readsThisUsersOwnConfiguration();
+    void takesACommandsOptionsFromTheConfiguration();
+    void leavesTheOptionsOfOtherCommandsAlone();
+    void namesTheFileForAnOptionThatTheCommandRefuses();
+    void remembersWhereEachSettingComesFrom();
     void knowsTheSimulatorsWrench();
     void readsSecondsAsMilliseconds();
 };
@@ -124,6 +142,12 @@ void TestCommandLine::refusesWrongUse_data()
                                                << "there is no option \"--count\"";
     QTest::newRow("option without its value") << "session --port"
                                               << "missing value after '--port'";
+    QTest::newRow("switch with a value") << "session --json=1"
+                                         << "unexpected value after '--json'";
+    QTest::newRow("unknown language") << "session --language nl"
+                                      << "there is no language \"nl\"";
+    QTest::newRow("config with an argument") << "config now"
+                                             << "the configuration takes no argument \"now\"";
     QTest::newRow("session with an argument") << "session now"
                                               << "a session takes no argument \"now\"";
     QTest::newRow("session without a wrench") << "session --port /dev/x"
@@ -211,11 +235,8 @@ void TestCommandLine::showsTheHelp()
 
 void TestCommandLine::putsTheCommandLineBeforeTheConfiguration()
 {
-    QTemporaryFile file;
-    QVERIFY(file.open());
-    file.write(R"({"port": "/dev/a", "serialId": "1"})");
-    file.close();
-    const Invocation invocation = read(QStringLiteral("session --port /dev/b --config ") + file.fileName());
+    const ConfigurationText file(R"({"port": "/dev/a", "serialId": "1"})");
+    const Invocation invocation = read(QStringLiteral("session --port /dev/b --config ") + file.name());
     QCOMPARE(invocation.settings.port, QStringLiteral("/dev/b"));
     QCOMPARE(invocation.settings.serialId, QStringLiteral("1"));
 }
@@ -225,6 +246,59 @@ void TestCommandLine::refusesAWrongConfiguration()
     const Invocation invocation = read(QStringLiteral("session --config /does/not/exist"));
     QCOMPARE(invocation.problem.exitStatus(), 3);
     QVERIFY(invocation.entry == nullptr);
+}
+
+void TestCommandLine::readsThisUsersOwnConfiguration()
+{
+    const QTemporaryDir folder;
+    qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("haitor-workplace")));
+    QFile file(folder.filePath(QStringLiteral("haitor-workplace/configuration.json")));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(R"({"serialId": "77"})") > 0);
+    file.close();
+    QCOMPARE(read(QStringLiteral("session")).settings.serialId, QStringLiteral("77"));
+    QCOMPARE(read(QStringLiteral("session")).settings.configurationFile, file.fileName());
+
+    const ConfigurationText other("{}");
+    QCOMPARE(read(QStringLiteral("session --config ") + other.name()).settings.serialId, QString());
+    QCOMPARE(read(QStringLiteral("session --config=")).settings.serialId, QString());
+}
+
+void TestCommandLine::takesACommandsOptionsFromTheConfiguration()
+{
+    const ConfigurationText file(R"({"session": {"count": 3, "duration": 1.5}, "run": {"connect": true}})");
+    const Invocation session = read(QStringLiteral("session --duration 2 --config ") + file.name());
+    QCOMPARE(session.options->value(QStringLiteral("count")), QStringLiteral("3"));
+    QCOMPARE(session.options->value(QStringLiteral("duration")), QStringLiteral("2"));
+    QVERIFY(read(QStringLiteral("run setLock --config ") + file.name()).options->isSet(QStringLiteral("connect")));
+}
+
+void TestCommandLine::leavesTheOptionsOfOtherCommandsAlone()
+{
+    const ConfigurationText file(R"({"session": {"duration": 3}, "run": {"connect": false}})");
+    QVERIFY(!read(QStringLiteral("scan --config ") + file.name()).options->isSet(QStringLiteral("duration")));
+    QVERIFY(!read(QStringLiteral("run setLock --config ") + file.name()).options->isSet(QStringLiteral("connect")));
+}
+
+void TestCommandLine::namesTheFileForAnOptionThatTheCommandRefuses()
+{
+    const ConfigurationText file("{\"session\": {\n\"count\": 0}}");
+    const Problem problem = problemOf(QStringLiteral("session --config ") + file.name());
+    QCOMPARE(problem.what, QStringLiteral("the configuration %1 is not used, line 2").arg(file.name()));
+    QCOMPARE(problem.cause, QStringLiteral("--count takes a whole number from 1 to 1000000, not \"0\""));
+    QCOMPARE(problem.exitStatus(), 3);
+}
+
+void TestCommandLine::remembersWhereEachSettingComesFrom()
+{
+    const ConfigurationText file("{\n\"port\": \"/dev/a\",\n\"driver\": {\n\"baudRate\": 9600}}");
+    const Invocation invocation = read(QStringLiteral("session --serial-id 7 --config ") + file.name());
+    const QMap<QString, SettingOrigin>& origins = invocation.settings.origins;
+    QCOMPARE(origins.value(QStringLiteral("port")).source, file.name());
+    QCOMPARE(origins.value(QStringLiteral("port")).line, 2);
+    QCOMPARE(origins.value(QStringLiteral("driver.baudRate")).line, 4);
+    QCOMPARE(origins.value(QStringLiteral("serialId")).kind, SettingOrigin::Kind::CommandLine);
+    QCOMPARE(origins.value(QStringLiteral("data")).kind, SettingOrigin::Kind::Default);
 }
 
 void TestCommandLine::knowsTheSimulatorsWrench()

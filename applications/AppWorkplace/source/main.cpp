@@ -4,14 +4,10 @@
 #include <cstdio>
 #include <memory>
 
+#include "cli/all_commands.h"
 #include "cli/command_line.h"
-#include "cli/commands_command.h"
 #include "cli/console.h"
 #include "cli/interrupts.h"
-#include "cli/ports_command.h"
-#include "cli/run_command.h"
-#include "cli/scan_command.h"
-#include "cli/session_command.h"
 
 namespace {
 
@@ -34,20 +30,15 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationName(QStringLiteral("haitor-workplace"));
     qInstallMessageHandler(&writeLog);
 
-    const QList<CliEntry> entries = {SessionCommand::entry(), ScanCommand::entry(), RunCommand::entry(),
-                                     CommandsCommand::entry(), PortsCommand::entry()};
+    const QList<CliEntry> entries = allCommands();
     const Invocation invocation = readCommandLine(QCoreApplication::arguments(), entries);
     Console console(stdout, stderr, invocation.isJson);
     if (!invocation.help.isEmpty()) {
         console.line(invocation.help);
         return 0;
     }
-    Problem problem = invocation.problem;
-    std::unique_ptr<CliCommand> command;
-    if (problem.what.isEmpty()) {
-        command =
-            invocation.entry->make({console, invocation.settings, invocation.arguments, *invocation.options}, &problem);
-    }
+    Problem problem;
+    std::unique_ptr<CliCommand> command = invocation.make(console, entries, &problem);
     if (!problem.what.isEmpty()) {
         tellProblem(console, problem);
         return problem.exitStatus();

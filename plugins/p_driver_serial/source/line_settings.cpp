@@ -4,6 +4,7 @@
 #include <QJsonDocument>
 #include <QStringList>
 
+#include <algorithm>
 #include <cmath>
 #include <iterator>
 
@@ -41,6 +42,26 @@ QString choiceText(const QJsonValue& value)
     return value.isDouble() ? shown(value) : value.toString();
 }
 
+QString allowedText()
+{
+    return QStringLiteral("a text");
+}
+
+QString allowedNumbers(int least, int most)
+{
+    return QStringLiteral("a whole number from %1 to %2").arg(least).arg(most);
+}
+
+template <class Value, std::size_t Count>
+QString allowedChoices(const Choice<Value> (&choices)[Count])
+{
+    QStringList texts;
+    for (const Choice<Value>& each : choices) {
+        texts.append(QLatin1String(each.text));
+    }
+    return QStringLiteral("one of %1").arg(texts.join(QStringLiteral(", ")));
+}
+
 /// Reads one value after the other and keeps the first refusal.
 class Reader
 {
@@ -53,7 +74,7 @@ public:
         if (value.isString()) {
             target = value.toString();
         } else if (!value.isUndefined()) {
-            refuse(key, value, QStringLiteral("a text"));
+            refuse(key, value, allowedText());
         }
     }
 
@@ -64,7 +85,7 @@ public:
         if (value.isDouble() && std::floor(given) == given && given >= least && given <= most) {
             target = static_cast<int>(given);
         } else if (!value.isUndefined()) {
-            refuse(key, value, QStringLiteral("a whole number from %1 to %2").arg(least).arg(most));
+            refuse(key, value, allowedNumbers(least, most));
         }
     }
 
@@ -72,18 +93,14 @@ public:
     void choice(const char* key, const Choice<Value> (&choices)[Count], Value& target)
     {
         const QJsonValue value = m_lookup(QLatin1String(key));
-        if (value.isUndefined()) {
-            return;
+        const auto* found = std::find_if(std::begin(choices), std::end(choices), [&](const Choice<Value>& each) {
+            return choiceText(value) == QLatin1String(each.text);
+        });
+        if (found != std::end(choices)) {
+            target = found->value;
+        } else if (!value.isUndefined()) {
+            refuse(key, value, allowedChoices(choices));
         }
-        QStringList allowed;
-        for (const Choice<Value>& each : choices) {
-            if (choiceText(value) == QLatin1String(each.text)) {
-                target = each.value;
-                return;
-            }
-            allowed.append(QLatin1String(each.text));
-        }
-        refuse(key, value, QStringLiteral("one of ") + allowed.join(QStringLiteral(", ")));
     }
 
 private:
@@ -99,23 +116,67 @@ private:
     QString& m_refusal;
 };
 
+/// Tells of each setting instead of reading it.
+class Describer
+{
+public:
+    void text(const char* key, const QString& value) { add(key, value, allowedText()); }
+
+    void number(const char* key, int least, int most, int value) { add(key, value, allowedNumbers(least, most)); }
+
+    template <class Value, std::size_t Count>
+    void choice(const char* key, const Choice<Value> (&choices)[Count], Value value)
+    {
+        const auto* found = std::find_if(std::begin(choices), std::end(choices),
+                                         [&](const Choice<Value>& each) { return each.value == value; });
+        const QString text = QLatin1String(found->text);
+        bool isNumber = false;
+        const int number = text.toInt(&isNumber);
+        add(key, isNumber ? QVariant(number) : QVariant(text), allowedChoices(choices));
+    }
+
+    QVariantList list;
+
+private:
+    void add(const char* key, const QVariant& value, const QString& allowed)
+    {
+        list.append(QVariantMap{{QStringLiteral("name"), QLatin1String(key)},
+                                {QStringLiteral("default"), value},
+                                {QStringLiteral("allowed"), allowed}});
+    }
+};
+
+/// All settings, by their names.
+template <class Visitor>
+void visit(Visitor& visitor, LineSettings& settings)
+{
+    visitor.text("port", settings.port);
+    visitor.number("baudRate", LineSettings::c_minBaudRate, LineSettings::c_maxBaudRate, settings.baudRate);
+    visitor.choice("dataBits", c_dataBits, settings.dataBits);
+    visitor.choice("parity", c_parities, settings.parity);
+    visitor.choice("stopBits", c_stopBits, settings.stopBits);
+    visitor.choice("flowControl", c_flowControls, settings.flowControl);
+    visitor.number("keepAliveSilenceMs", LineSettings::c_minSilenceMs, LineSettings::c_maxSilenceMs,
+                   settings.keepAliveSilenceMs);
+    visitor.text("trace", settings.trace);
+}
+
 } // namespace
+
+QVariantList describeLineSettings()
+{
+    Describer describer;
+    LineSettings defaults;
+    visit(describer, defaults);
+    return describer.list;
+}
 
 LineSettingsResult readLineSettings(const ConfigurationLookup& lookup)
 {
     LineSettingsResult result;
-    LineSettings& settings = result.settings;
     Reader reader(lookup, result.refusal);
-    reader.text("port", settings.port);
-    reader.number("baudRate", LineSettings::c_minBaudRate, LineSettings::c_maxBaudRate, settings.baudRate);
-    reader.choice("dataBits", c_dataBits, settings.dataBits);
-    reader.choice("parity", c_parities, settings.parity);
-    reader.choice("stopBits", c_stopBits, settings.stopBits);
-    reader.choice("flowControl", c_flowControls, settings.flowControl);
-    reader.number("keepAliveSilenceMs", LineSettings::c_minSilenceMs, LineSettings::c_maxSilenceMs,
-                  settings.keepAliveSilenceMs);
-    reader.text("trace", settings.trace);
-    if (result.refusal.isEmpty() && settings.port.isEmpty()) {
+    visit(reader, result.settings);
+    if (result.refusal.isEmpty() && result.settings.port.isEmpty()) {
         result.refusal = QStringLiteral("The serial driver has no port: set \"port\" to the path of one, best "
                                         "a name below /dev/serial/by-id/, which survives re-plugging.");
     }

@@ -3,6 +3,7 @@
 #include <QJsonValue>
 #include <QSerialPort>
 #include <QString>
+#include <QVariantList>
 
 #include <functional>
 
@@ -37,3 +38,6 @@ using ConfigurationLookup = std::function<QJsonValue(const QString& key)>;
 /// Reads "port", "baudRate", "dataBits", "parity", "stopBits", "flowControl", "keepAliveSilenceMs" and "trace". What is
 /// absent has its default; a wrong value is refused with its name, the value and what is allowed.
 LineSettingsResult readLineSettings(const ConfigurationLookup& lookup);
+
+/// All settings: maps of "name", "default", and "allowed" (a text for people: "a whole number from 50 to 4000000").
+QVariantList describeLineSettings();

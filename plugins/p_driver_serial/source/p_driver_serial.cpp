@@ -46,6 +46,7 @@ PDriverSerial::PDriverSerial(const QUuid& uuid, std::unique_ptr<ISerialPort> por
         return readLineSettings([this](const QString& key) { return getInPluginConfig(key); });
     }))
 {
+    setProperty(QStringLiteral("settings"), describeLineSettings(), false);
     connect(m_line.get(), &SerialLine::changed, this, &PDriverSerial::showLineState);
     showLineState();
 }

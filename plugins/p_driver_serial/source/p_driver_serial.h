@@ -12,7 +12,7 @@ class SerialLine;
 ///
 /// Properties for the host to show: "connected" (bool: the port is open and the device answers its keep-alive, where it
 /// has one), "lineState" ("closed", "open", "lost" or "no answer"), "lineError" (what is wrong and what to do, one
-/// sentence; empty while nothing is).
+/// sentence; empty while nothing is). For whoever writes its configuration: "settings" (see describeLineSettings()).
 class PDriverSerial : public DAbstractPlugin
 {
     Q_OBJECT

@@ -8,13 +8,16 @@
 #include "console.h"
 #include "problem_report.h"
 
+struct CliEntry;
+
 /// What a command of the program is given.
 struct CliContext
 {
     Console& console;
     Settings settings;
-    QStringList arguments;             ///< behind the command's name
-    const QCommandLineParser& options; ///< parsed
+    QStringList arguments;                    ///< behind the command's name
+    const QCommandLineParser& options;        ///< parsed
+    const QList<CliEntry>* entries = nullptr; ///< all commands of the program, for those that tell of them
 };
 
 /// One command of the program at work: started once, ends with sigDone.

@@ -18,6 +18,8 @@ struct CliEntry
     QList<QCommandLineOption> options;
     /// Null, with the problem, when the arguments are wrong.
     std::unique_ptr<CliCommand> (*make)(const CliContext& context, Problem* problem);
+    /// Its options are settings, too: the configuration file may hold them, in an object of the command's name.
+    bool hasSettings = false;
 };
 
 /// What a command line asks for.
@@ -30,7 +32,17 @@ struct Invocation
     bool isJson = false;
     QStringList arguments;
     std::shared_ptr<QCommandLineParser> options;
+
+    /// Null, with the problem, when nothing can be run. The invocation and the entries outlive the command.
+    std::unique_ptr<CliCommand> make(Console& console, const QList<CliEntry>& entries, Problem* why) const;
 };
 
-/// Reads the arguments, the program's own name first. Options may stand before or behind the command.
+/// The options of every command.
+QList<QCommandLineOption> globalOptions();
+
+/// The name of an option's setting in the configuration file: "serialId" for --serial-id.
+QString settingKey(const QCommandLineOption& option);
+
+/// Reads the arguments, the program's own name first, and the configuration file: the one that is named, else this
+/// user's when there is one. Options may stand before or behind the command.
 Invocation readCommandLine(const QStringList& arguments, const QList<CliEntry>& entries);

@@ -46,7 +46,8 @@ CliEntry RunCommand::entry()
          {QStringLiteral("limit"),
           QStringLiteral("Ends the run after so long (30 when not said; none for a command that runs until stopped)."),
           QStringLiteral("SECONDS")}},
-        &make};
+        &make,
+        true};
 }
 
 RunCommand::RunCommand(const CliContext& context, int limitMs)

@@ -38,7 +38,8 @@ CliEntry ScanCommand::entry()
         QStringLiteral("Lists the wrenches in range, the strongest signal first."),
         {{QStringLiteral("duration"), QStringLiteral("Ends after so long (5 when not said); 0: goes on until Ctrl-C."),
           QStringLiteral("SECONDS")}},
-        &make};
+        &make,
+        true};
 }
 
 ScanCommand::ScanCommand(const CliContext& context, int durationMs) : WorkplaceCommand(context)

@@ -60,7 +60,8 @@ CliEntry SessionCommand::entry()
              {QStringLiteral("duration"), QStringLiteral("Ends after listening so long."), QStringLiteral("SECONDS")},
              {QStringLiteral("limit"), QStringLiteral("Time limit of each step, instead of its own."),
               QStringLiteral("SECONDS")}},
-            &make};
+            &make,
+            true};
 }
 
 SessionCommand::SessionCommand(const CliContext& context, const SessionOrder& order)

@@ -1,127 +1,248 @@
 #include "configuration_file.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonParseError>
+#include <QStandardPaths>
 
-#include <iterator>
+#include <algorithm>
+#include <cmath>
+
+#include "json_lines.h"
+#include "language.h"
+#include "setting_entries.h"
 
 namespace {
 
-struct TextEntry
-{
-    const char* key;
-    QString Settings::*setting;
-};
-constexpr TextEntry c_textEntries[] = {
-    {"port", &Settings::port},       {"serialId", &Settings::serialId}, {"plugins", &Settings::pluginFolder},
-    {"data", &Settings::dataFolder}, {"trace", &Settings::traceFile},
-};
-const QString c_driverEntry = QStringLiteral("driver");
+const QString c_driverKey = QStringLiteral("driver");
+const QString c_commentPrefix = QStringLiteral("//");
 
-int lineOf(const QByteArray& text, int offset)
+bool isComment(const QJsonObject::const_iterator& entry)
 {
-    return 1 + int(text.left(offset).count('\n'));
+    return entry.key().startsWith(c_commentPrefix) && entry.value().isString();
 }
 
-/// Where the string that begins at that quote ends: the position of its last quote. The text is good JSON.
-int endOfString(const QByteArray& text, int start)
+QString expected(configuration::Value value)
 {
-    int end = start + 1;
-    while (text.at(end) != '"') {
-        end += text.at(end) == '\\' ? 2 : 1;
+    switch (value) {
+    case configuration::Value::Text:
+        return QCoreApplication::translate("ConfigurationFile", "put its value between quotes");
+    case configuration::Value::Switch:
+        return QCoreApplication::translate("ConfigurationFile", "write true or false");
+    case configuration::Value::WholeNumber:
+        return QCoreApplication::translate("ConfigurationFile", "write a whole number, without quotes");
+    case configuration::Value::Number:
+        return QCoreApplication::translate("ConfigurationFile", "write a number, without quotes");
     }
-    return end;
+    Q_UNREACHABLE();
 }
 
-/// The line of a key of the outermost object; a key of the same name may stand in an object inside it.
-int lineOfKey(const QByteArray& text, const QString& key)
+QString mismatch(configuration::Value value, const QString& key)
 {
-    const QByteArray wanted = key.toUtf8();
-    int depth = 0;
-    for (int i = 0; i < text.size(); ++i) {
-        const char character = text.at(i);
-        if (character == '{' || character == '[') {
-            ++depth;
-        } else if (character == '}' || character == ']') {
-            --depth;
-        } else if (character == '"') {
-            const int end = endOfString(text, i);
-            const bool isKey = text.mid(end + 1).trimmed().startsWith(':');
-            if (depth == 1 && isKey && text.mid(i + 1, end - i - 1) == wanted) {
-                return lineOf(text, i);
+    switch (value) {
+    case configuration::Value::Text:
+        return QCoreApplication::translate("ConfigurationFile", "\"%1\" is not a text").arg(key);
+    case configuration::Value::Switch:
+        return QCoreApplication::translate("ConfigurationFile", "\"%1\" is neither true nor false").arg(key);
+    case configuration::Value::WholeNumber:
+        return QCoreApplication::translate("ConfigurationFile", "\"%1\" is not a whole number").arg(key);
+    case configuration::Value::Number:
+        return QCoreApplication::translate("ConfigurationFile", "\"%1\" is not a number").arg(key);
+    }
+    Q_UNREACHABLE();
+}
+
+bool fits(configuration::Value wanted, const QJsonValue& value)
+{
+    switch (wanted) {
+    case configuration::Value::Text:
+        return value.isString();
+    case configuration::Value::Switch:
+        return value.isBool();
+    case configuration::Value::WholeNumber:
+        return value.isDouble() && std::floor(value.toDouble()) == value.toDouble();
+    case configuration::Value::Number:
+        return value.isDouble();
+    }
+    Q_UNREACHABLE();
+}
+
+/// Reads one object after the other and keeps the first refusal.
+class Reader
+{
+public:
+    Reader(const QByteArray& text, const QString& file, const configuration::Sections& sections, Settings& settings)
+        : m_file(file), m_sections(sections), m_settings(settings), m_lines(linesOfKeys(text))
+    {}
+
+    std::optional<Problem> read(const QJsonObject& object)
+    {
+        for (auto entry = object.begin(); entry != object.end() && !m_problem; ++entry) {
+            if (isComment(entry)) {
+                continue;
             }
-            i = end;
+            const bool isSection = m_sections.contains(entry.key());
+            if (entry.key() != c_driverKey && !isSection) {
+                readSetting(entry.key(), entry.value());
+            } else if (!entry.value().isObject()) {
+                refuse(
+                    entry.key(),
+                    QCoreApplication::translate("ConfigurationFile", "\"%1\" is not an object").arg(entry.key()),
+                    isSection
+                        ? QCoreApplication::translate("ConfigurationFile", "write \"%1\": {…}").arg(entry.key())
+                        : QCoreApplication::translate("ConfigurationFile", "write \"driver\": {\"baudRate\": 115200}"));
+            } else if (isSection) {
+                readSection(entry.key(), entry.value().toObject());
+            } else {
+                readDriver(entry.value().toObject());
+            }
+        }
+        return m_problem;
+    }
+
+private:
+    void readSetting(const QString& key, const QJsonValue& value)
+    {
+        const QVector<SettingEntry>& known = settingEntries();
+        const auto entry = std::find_if(known.cbegin(), known.cend(),
+                                        [&](const SettingEntry& each) { return key == QLatin1String(each.key); });
+        if (entry == known.cend()) {
+            QStringList keys;
+            for (const SettingEntry& each : known) {
+                keys.append(QLatin1String(each.key));
+            }
+            keys.append(c_driverKey);
+            refuseUnknown(key, key, keys + m_sections.keys());
+            return;
+        }
+        const auto wanted = entry->text != nullptr ? configuration::Value::Text : configuration::Value::Switch;
+        if (!fits(wanted, value)) {
+            refuse(key, mismatch(wanted, key), expected(wanted));
+            return;
+        }
+        if (entry->text == &Settings::language && !value.toString().isEmpty() &&
+            !language::all().contains(value.toString())) {
+            const Problem unknown = language::refusal(value.toString());
+            refuse(key, unknown.what, unknown.mend);
+            return;
+        }
+        if (entry->text != nullptr) {
+            m_settings.*(entry->text) = value.toString();
+        } else {
+            m_settings.*(entry->isOn) = value.toBool();
+        }
+        note(key);
+    }
+
+    void readSection(const QString& section, const QJsonObject& object)
+    {
+        const QMap<QString, configuration::Value> known = m_sections.value(section);
+        QJsonObject read;
+        for (auto entry = object.begin(); entry != object.end() && !m_problem; ++entry) {
+            const QString path = pathOf(section, entry.key());
+            if (isComment(entry)) {
+                continue;
+            }
+            const auto wanted = known.constFind(entry.key());
+            if (wanted == known.constEnd()) {
+                refuseUnknown(path, entry.key(), known.keys());
+            } else if (!fits(*wanted, entry.value())) {
+                refuse(path, mismatch(*wanted, entry.key()), expected(*wanted));
+            } else {
+                read.insert(entry.key(), entry.value());
+                note(path);
+            }
+        }
+        m_settings.commands.insert(section, read);
+    }
+
+    // The driver says which settings it has once it is loaded.
+    void readDriver(const QJsonObject& object)
+    {
+        m_settings.driver = {};
+        for (auto entry = object.begin(); entry != object.end(); ++entry) {
+            if (!isComment(entry)) {
+                m_settings.driver.insert(entry.key(), entry.value());
+                note(pathOf(c_driverKey, entry.key()));
+            }
         }
     }
-    return 1;
-}
 
-Problem refusal(const QString& file, int line, const QString& cause, const QString& mend)
-{
-    return {Problem::Kind::SetUp, QStringLiteral("configuration"),
-            QStringLiteral("the configuration %1 is not used, line %2").arg(file).arg(line), cause, mend};
-}
+    static QString pathOf(const QString& section, const QString& key) { return section + QLatin1Char('.') + key; }
 
-QString knownKeys()
-{
-    QStringList keys;
-    for (const TextEntry& entry : c_textEntries) {
-        keys.append(QLatin1String(entry.key));
+    void note(const QString& path)
+    {
+        m_settings.origins.insert(path, {SettingOrigin::Kind::File, m_file, m_lines.value(path, 1)});
     }
-    keys.append(c_driverEntry);
-    return keys.join(QStringLiteral(", "));
-}
+
+    void refuseUnknown(const QString& path, const QString& key, const QStringList& known)
+    {
+        refuse(path, QCoreApplication::translate("ConfigurationFile", "\"%1\" is not known").arg(key),
+               QCoreApplication::translate("ConfigurationFile", "known are: %1").arg(known.join(QStringLiteral(", "))));
+    }
+
+    void refuse(const QString& path, const QString& cause, const QString& mend)
+    {
+        m_problem = configuration::refusal(m_file, m_lines.value(path, 1), cause, mend);
+    }
+
+    const QString& m_file;
+    const configuration::Sections& m_sections;
+    Settings& m_settings;
+    const QMap<QString, int> m_lines;
+    std::optional<Problem> m_problem;
+};
 
 } // namespace
 
-std::optional<Problem> readConfigurationFile(const QString& file, Settings& settings)
+QString configuration::defaultFile()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/haitor-workplace/configuration.json");
+}
+
+Problem configuration::refusal(const QString& file, int line, const QString& cause, const QString& mend)
+{
+    return {Problem::Kind::SetUp, QStringLiteral("configuration"),
+            QCoreApplication::translate("ConfigurationFile", "the configuration %1 is not used, line %2")
+                .arg(file)
+                .arg(line),
+            cause, mend};
+}
+
+std::optional<Problem> configuration::readFile(const QString& file, const Sections& sections, Settings& settings)
 {
     QFile input(file);
     if (!input.open(QIODevice::ReadOnly)) {
-        return Problem{Problem::Kind::SetUp, QStringLiteral("configuration"),
-                       QStringLiteral("the configuration %1 cannot be read").arg(file), input.errorString(),
-                       QStringLiteral("check the name and the rights of the file")};
+        return Problem{
+            Problem::Kind::SetUp, QStringLiteral("configuration"),
+            QCoreApplication::translate("ConfigurationFile", "the configuration %1 cannot be read").arg(file),
+            input.errorString(),
+            QCoreApplication::translate("ConfigurationFile", "check the name and the rights of the file")};
     }
-    return readConfiguration(input.readAll(), file, settings);
+    return read(input.readAll(), file, sections, settings);
 }
 
-std::optional<Problem> readConfiguration(const QByteArray& text, const QString& file, Settings& settings)
+std::optional<Problem> configuration::read(const QByteArray& text, const QString& file, const Sections& sections,
+                                           Settings& settings)
 {
     QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
     if (error.error != QJsonParseError::NoError) {
         return refusal(file, lineOf(text, error.offset), error.errorString(),
-                       QStringLiteral("mend the JSON text there"));
+                       QCoreApplication::translate("ConfigurationFile", "mend the JSON text there"));
     }
     if (!document.isObject()) {
-        return refusal(file, 1, QStringLiteral("it is not a JSON object"),
-                       QStringLiteral("write {\"port\": \"…\", \"serialId\": \"…\"}"));
+        return refusal(
+            file, 1, QCoreApplication::translate("ConfigurationFile", "it is not a JSON object"),
+            QCoreApplication::translate("ConfigurationFile", "write {\"port\": \"…\", \"serialId\": \"…\"}"));
     }
-    Settings read = settings;
-    const QJsonObject object = document.object();
-    for (auto entry = object.begin(); entry != object.end(); ++entry) {
-        const int line = lineOfKey(text, entry.key());
-        if (entry.key() == c_driverEntry) {
-            if (!entry.value().isObject()) {
-                return refusal(file, line, QStringLiteral("\"driver\" is not an object"),
-                               QStringLiteral("write \"driver\": {\"baudRate\": 115200}"));
-            }
-            read.driver = entry.value().toObject();
-            continue;
-        }
-        const auto* known = std::find_if(std::begin(c_textEntries), std::end(c_textEntries),
-                                         [&](const TextEntry& each) { return entry.key() == QLatin1String(each.key); });
-        if (known == std::end(c_textEntries)) {
-            return refusal(file, line, QStringLiteral("\"%1\" is not known").arg(entry.key()),
-                           QStringLiteral("known are: %1").arg(knownKeys()));
-        }
-        if (!entry.value().isString()) {
-            return refusal(file, line, QStringLiteral("\"%1\" is not a text").arg(entry.key()),
-                           QStringLiteral("put its value between quotes"));
-        }
-        read.*(known->setting) = entry.value().toString();
+    Settings result = settings;
+    result.configurationFile = file;
+    if (auto problem = Reader(text, file, sections, result).read(document.object())) {
+        return problem;
     }
-    settings = read;
+    settings = result;
     return std::nullopt;
 }

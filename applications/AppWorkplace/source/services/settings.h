@@ -1,7 +1,18 @@
 #pragma once
 
 #include <QJsonObject>
+#include <QMap>
 #include <QString>
+
+/// Where the value of a setting comes from.
+struct SettingOrigin
+{
+    enum class Kind { Default, File, Environment, CommandLine };
+
+    Kind kind = Kind::Default;
+    QString source; ///< the file, the variable or the option
+    int line = 0;   ///< of the file
+};
 
 /// What the workplace is to use, from the command line and the configuration file.
 struct Settings
@@ -11,7 +22,17 @@ struct Settings
     QString pluginFolder;                       ///< empty: the one that belongs to this program
     QString dataFolder;                         ///< empty: this user's application data
     QString traceFile;                          ///< "-": standard error; empty: no trace
-    QJsonObject driver;                         ///< settings of the driver plugin: "baudRate", "parity", …
+    QString language;                           ///< "en", "de" or "fr"; empty: that of the environment
+    bool isJson = false;
+    bool isQuiet = false;
+    bool isVerbose = false;
+    QJsonObject driver; ///< settings of the driver plugin: "baudRate", "parity", …
+
+    /// What the file says for the commands of the program, by the command's name and the option's key.
+    QJsonObject commands;
+    QString configurationFile; ///< empty: none was read
+    /// By the path of the key: "port", "driver.baudRate". Absent: the default.
+    QMap<QString, SettingOrigin> origins;
 
     bool isSimulated() const { return port == QLatin1String("simulated"); }
 

@@ -9,6 +9,8 @@
 
 #include <lib_plugins_management/d_abstract_plugin.h>
 
+#include "driver_settings.h"
+
 namespace {
 
 // Plugins say what they are with a four-character code.
@@ -24,13 +26,9 @@ QString defaultPluginFolder()
 }
 
 /// Empty: nothing is kept. A simulated wrench is made anew for each command and remembers nothing; so do we of it.
-QString dataFolder(const Settings& settings)
+QString deviceFolder(const Settings& settings)
 {
-    if (settings.isSimulated()) {
-        return {};
-    }
-    return settings.dataFolder.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
-                                         : settings.dataFolder;
+    return settings.isSimulated() ? QString() : Workplace::dataFolder(settings);
 }
 
 } // namespace
@@ -39,7 +37,7 @@ Workplace::Workplace(const Settings& settings, QObject* parent)
     : QObject(parent)
     , m_settings(settings)
     , m_host(m_clock)
-    , m_store(dataFolder(settings), settings.serialId.isEmpty() ? QStringLiteral("device") : settings.serialId)
+    , m_store(deviceFolder(settings), settings.serialId.isEmpty() ? QStringLiteral("device") : settings.serialId)
 {
     connect(&m_host, &DHost::sigConfigurationChanged, this, [this](const DAbstractPlugin* plugin) {
         if (plugin != m_driver && !m_saveIsDue) {
@@ -61,6 +59,12 @@ QString Workplace::pluginFolder(const Settings& settings)
     return settings.pluginFolder.isEmpty() ? defaultPluginFolder() : settings.pluginFolder;
 }
 
+QString Workplace::dataFolder(const Settings& settings)
+{
+    return settings.dataFolder.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
+                                         : settings.dataFolder;
+}
+
 std::optional<Problem> Workplace::loadPlugins()
 {
     m_plugins.loadFolder(pluginFolder(m_settings));
@@ -73,7 +77,7 @@ std::optional<Problem> Workplace::loadPlugins()
                            QStringLiteral("name the folder of the plugins with --plugins")};
         }
     }
-    return std::nullopt;
+    return checkDriverSettings(*rootsOf(Role::Driver).constFirst(), m_settings);
 }
 
 QList<const DAbstractPlugin*> Workplace::rootsOf(Role role) const

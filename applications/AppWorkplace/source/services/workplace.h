@@ -29,11 +29,14 @@ public:
 
     /// The folder that the plugins are loaded from.
     static QString pluginFolder(const Settings& settings);
+    /// The folder for what is kept of devices.
+    static QString dataFolder(const Settings& settings);
 
     /// Loads the plugins. What is refused is in plugins().refusals(); the others are there. A problem when they are
     /// not enough to work with.
     std::optional<Problem> loadPlugins();
     const DPluginLoader& plugins() const { return m_plugins; }
+    QList<const DAbstractPlugin*> rootsOf(Role role) const;
     /// The first plugin of that role with the command; null when there is none.
     const DAbstractPlugin* rootWith(const QString& command, Role role) const;
 
@@ -58,7 +61,6 @@ Q_SIGNALS:
     void sigNotice(const QString& text);
 
 private:
-    QList<const DAbstractPlugin*> rootsOf(Role role) const;
     void makeInstances(const QString& port);
     void fail(const QString& what, const QString& cause, const QString& mend);
     void saveDevice();
