@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
+#include <qqml.h>
 
 #include <lib_utilities/utilities.h>
 
@@ -27,7 +28,31 @@ class TestPDeviceHaitor : public QObject
 {
     Q_OBJECT
 
+    /// Whether a panel can make an object of that type.
+    static bool isKnownToPanels(const char* type) { return qmlTypeId("PlgLibDeviceHaitor", 1, 0, type) >= 0; }
+
 private Q_SLOTS:
+    // The first of this program's instances: what is registered stays so.
+    void initTestCase()
+    {
+        QVERIFY(!isKnownToPanels("BeMaintenanceDeviceHaitor"));
+        QVERIFY(!isKnownToPanels("DHaitorChannel"));
+        QStringList atTheTrace;
+        const LogCapture log([&](const LogMessage& message) {
+            if (message.text.startsWith(QLatin1String("DONE"))) {
+                for (const char* type : {"BeMaintenanceDeviceHaitor", "DHaitorChannel"}) {
+                    if (isKnownToPanels(type)) {
+                        atTheTrace.append(QString::fromUtf8(type));
+                    }
+                }
+            }
+        });
+        const PDeviceHaitor plugin(QUuid::createUuid(), nullptr);
+        // The backend before anything else, the channel as the last of the constructor.
+        QCOMPARE(atTheTrace, QStringList(QStringLiteral("BeMaintenanceDeviceHaitor")));
+        QVERIFY(isKnownToPanels("DHaitorChannel"));
+    }
+
     void hasAFixedIdentity()
     {
         QCOMPARE(PDeviceHaitor::getPluginId(), pluginUuid());

@@ -1,9 +1,11 @@
 #include "p_device_haitor.h"
 
 #include <QDebug>
+#include <qqml.h>
 
 #include <lib_utilities/utilities.h>
 
+#include "be_maintenance_plugin.h"
 #include "d_cmd_checkSerialId.h"
 #include "d_cmd_connectToDevice.h"
 #include "d_cmd_getPresetData.h"
@@ -15,6 +17,7 @@
 #include "d_cmd_setLock.h"
 #include "d_cmd_setProgram.h"
 #include "d_cmd_startDetection.h"
+#include "d_haitor_channel.h"
 #include "names.h"
 
 namespace {
@@ -22,14 +25,25 @@ namespace {
 constexpr IPlugin::Type c_pluginType = 0x44657669; // D, e, v, i
 constexpr bool c_notPersistent = false;
 
+/// Makes a class known to the panels' QML. Doing it again, for each instance, is harmless.
+template <class T>
+void registerForPanels(const char* name)
+{
+    constexpr int c_major = 1;
+    constexpr int c_minor = 0;
+    qmlRegisterType<T>("PlgLibDeviceHaitor", c_major, c_minor, name);
+}
+
 } // namespace
 
 PDeviceHaitor::PDeviceHaitor(const QUuid& uuid, QObject* parent)
     : DAbstractPlugin(getPluginId(), getPluginName(), getPluginType(),
                       versionFromString(QStringLiteral("1.0"), nullptr, QLatin1Char('.')), uuid, parent, false)
 {
+    registerForPanels<BeMaintenanceDeviceHaitor>("BeMaintenanceDeviceHaitor");
     setProperty(properties::c_typeName, QString::fromUtf8(pluginSubTypeName()), c_notPersistent);
     trace("DONE");
+    registerForPanels<DHaitorChannel>("DHaitorChannel");
 }
 
 PDeviceHaitor::~PDeviceHaitor()
