@@ -13,6 +13,8 @@ private Q_SLOTS:
     void actionsComeByTimeThenByRequest();
     void cancelledActionIsNotCalled();
     void actionAskedForOnTheWayIsCalledToo();
+    void stepRunsOneAction();
+    void nextMomentIsTold();
 };
 
 void TstManualClock::standsStillUntilItIsTurned()
@@ -62,6 +64,32 @@ void TstManualClock::actionAskedForOnTheWayIsCalledToo()
     clock.callAfter(1, [&] { clock.callAfter(2, [&] { called = clock.nowUs(); }); });
     clock.advance(3);
     QCOMPARE(called, qint64(3000));
+}
+
+void TstManualClock::stepRunsOneAction()
+{
+    ManualClock clock;
+    int called = 0;
+    clock.callAfter(5, [&] { ++called; });
+    clock.callAfter(5, [&] { ++called; });
+    QVERIFY(!clock.step(4999));
+    QCOMPARE(clock.nowUs(), qint64(4999));
+    QVERIFY(clock.step(9000));
+    QCOMPARE(called, 1);
+    QCOMPARE(clock.nowUs(), qint64(5000));
+    QVERIFY(clock.step(9000));
+    QVERIFY(!clock.step(9000));
+    QCOMPARE(called, 2);
+    QCOMPARE(clock.nowUs(), qint64(9000));
+}
+
+void TstManualClock::nextMomentIsTold()
+{
+    ManualClock clock;
+    QVERIFY(!clock.nextDueUs());
+    clock.callAfter(7, [] {});
+    clock.callAfter(3, [] {});
+    QCOMPARE(clock.nextDueUs(), std::optional<qint64>(3000));
 }
 
 QTEST_GUILESS_MAIN(TstManualClock)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <utility>
 
 #include <lib_utilities/clock.h>
@@ -33,15 +34,31 @@ public:
     void advance(qint64 ms)
     {
         const qint64 endUs = m_nowUs + ms * c_usPerMs;
-        while (!m_waiting.empty() && m_waiting.begin()->first.first <= endUs) {
-            const auto due = m_waiting.begin();
-            m_nowUs = due->first.first;
-            // Taken out first: the action may ask for another timer.
-            const Action action = std::move(due->second);
-            m_waiting.erase(due);
-            action();
+        while (step(endUs)) {
         }
-        m_nowUs = endUs;
+    }
+
+    /// When the next action is due; nothing: none is waiting.
+    std::optional<qint64> nextDueUs() const
+    {
+        return m_waiting.empty() ? std::nullopt : std::optional<qint64>(m_waiting.begin()->first.first);
+    }
+
+    /// Turns the clock to that moment (not before nowUs()), and runs the next action when it is due by then. False: it
+    /// was not, or there is none.
+    bool step(qint64 untilUs)
+    {
+        if (m_waiting.empty() || m_waiting.begin()->first.first > untilUs) {
+            m_nowUs = untilUs;
+            return false;
+        }
+        const auto due = m_waiting.begin();
+        m_nowUs = due->first.first;
+        // Taken out first: the action may ask for another timer.
+        const Action action = std::move(due->second);
+        m_waiting.erase(due);
+        action();
+        return true;
     }
 
     /// Actions that are still to come.

@@ -1,0 +1,211 @@
+#include "session_checks.h"
+
+#include "dongle_port.h"
+#include "session_watch.h"
+#include "simulated_workplace.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace {
+constexpr qint64 c_usPerMs = 1000;
+constexpr double c_usPerSecond = 1e6;
+constexpr int c_afterwardsMs = 30000;
+// What arrives from a frame on until so long after it has left is also heard by who begins to listen in that time.
+constexpr qint64 c_handOverUs = 100 * c_usPerMs;
+constexpr int c_fieldsOfAResult = 6;
+const QByteArray c_resultMark = QByteArrayLiteral("RE:F:");
+const QByteArray c_hangUp = QByteArrayLiteral("ATH\r\n");
+
+using Kind = LineRecord::Kind;
+
+QString told(const Problem& problem)
+{
+    return problem.lines().join(QStringLiteral("\n  "));
+}
+
+/// Where the record stands from which on the listener hears: behind the last frame, if that is not long ago.
+int heardFrom(const LineRecord& record, const SessionWatch::Moment& listening)
+{
+    for (int i = listening.entries; i > 0; --i) {
+        const LineRecord::Entry& entry = record.entries.at(i - 1);
+        if (entry.kind == Kind::Sent && listening.atUs - entry.atUs <= c_handOverUs) {
+            return i;
+        }
+        if (entry.kind != Kind::Arrived) {
+            break;
+        }
+    }
+    return listening.entries;
+}
+
+/// Where the record stood when the session stopped to take results: at its problem, else when it hung up.
+int heardUntil(const LineRecord& record, const SessionWatch& watch)
+{
+    if (watch.ended) {
+        return watch.ended->entries;
+    }
+    // While it listens nobody else hangs up; a line that is away at the end takes no frame, and brings no lines.
+    const auto end = std::find_if(
+        record.entries.cbegin() + watch.listening->entries, record.entries.cend(),
+        [](const LineRecord::Entry& entry) { return entry.kind == Kind::Sent && entry.bytes == c_hangUp; });
+    return static_cast<int>(end - record.entries.cbegin());
+}
+
+QByteArrayList resultLines(const LineRecord& record, int from, int to)
+{
+    QByteArrayList lines = record.lines(from, to);
+    lines.erase(std::remove_if(lines.begin(), lines.end(),
+                               [](const QByteArray& line) {
+                                   return !line.startsWith(c_resultMark) || line.count(',') + 1 < c_fieldsOfAResult;
+                               }),
+                lines.end());
+    return lines;
+}
+
+QByteArray lineOf(const TighteningResult& result)
+{
+    const char* const keys[] = {"convertedTorque", "direction",     "torqueStatus", "snugTorqueAngle",
+                                "angleStatus",     "readingNumber", "readingStatus"};
+    QByteArrayList fields;
+    for (const char* key : keys) {
+        fields.append(result.eventData.value(QLatin1String(key)).toString().toUtf8());
+    }
+    return c_resultMark + fields.join(',');
+}
+
+/// The step's failure says why; here is what that must mean.
+bool isTrue(const QString& cause, const SimulatedWorkplace& workplace, const SessionWatch& watch,
+            const SessionOrder& order)
+{
+    const LineRecord& record = workplace.record;
+    const int from = watch.stepStart.entries;
+    const int to = watch.ended->entries;
+    static const QRegularExpression limit(QStringLiteral("^the time limit of ([0-9.]+) s ended it"));
+    static const QRegularExpression refusal(QStringLiteral("the line said \"(.*)\"$"));
+    static const QRegularExpression count(QStringLiteral("^the wrench has the programs 1 to ([0-9]+), and"));
+    if (const QRegularExpressionMatch match = refusal.match(cause); match.hasMatch()) {
+        // It may have begun before the step.
+        if (!record.lines(0, to).contains(match.captured(1).toUtf8())) {
+            return false;
+        }
+    }
+    if (const QRegularExpressionMatch match = limit.match(cause); match.hasMatch()) {
+        // Of a command; a step may have several.
+        return double(watch.ended->atUs - watch.stepStart.atUs) / c_usPerSecond >= match.captured(1).toDouble();
+    }
+    if (refusal.match(cause).hasMatch()) {
+        return true;
+    }
+    if (cause.startsWith(QStringLiteral("The simulated port"))) {
+        return record.has(Kind::Pulled, from, to) || !workplace.port().isPlugged() ||
+               (from > 0 && record.entries.at(from - 1).kind == Kind::Pulled);
+    }
+    if (const QRegularExpressionMatch match = count.match(cause); match.hasMatch()) {
+        return order.program && *order.program > match.captured(1).toInt();
+    }
+    const QByteArrayList lines = record.lines(0, to);
+    const bool wasHeard = std::any_of(lines.cbegin(), lines.cend(), [&order](const QByteArray& line) {
+        return line.startsWith("RESP ") && line.simplified().split(' ').value(3) == order.serialId.toUtf8();
+    });
+    if (cause == QStringLiteral("no wrench was heard")) {
+        return std::none_of(lines.cbegin(), lines.cend(),
+                            [](const QByteArray& line) { return line.startsWith("RESP "); });
+    }
+    if (cause.startsWith(QStringLiteral("the wrench %1 was not heard, only ").arg(order.serialId))) {
+        return !wasHeard;
+    }
+    if (cause.startsWith(QStringLiteral("the wrench %1 was heard, but").arg(order.serialId))) {
+        return wasHeard;
+    }
+    return false;
+}
+} // namespace
+
+QString wrongEnd(const SimulatedWorkplace& workplace, const SessionWatch& watch, const SessionOrder& order)
+{
+    const bool isFailure = watch.summary.end == SessionSummary::End::Failure;
+    if (watch.finished != 1 || watch.problems != (isFailure ? 1 : 0)) {
+        return QStringLiteral("it ended %1 times, with %2 problems").arg(watch.finished).arg(watch.problems);
+    }
+    if (!isFailure) {
+        const int taken = watch.results.size();
+        if (watch.summary.good + watch.summary.notGood != taken) {
+            return QStringLiteral("the summary has %1 results, and %2 were told")
+                .arg(watch.summary.good + watch.summary.notGood)
+                .arg(taken);
+        }
+        const bool isCount = watch.summary.end == SessionSummary::End::Count;
+        return isCount == (order.results > 0 && taken == order.results)
+                   ? QString()
+                   : QStringLiteral("%1 results were told, and it did not end as it should").arg(taken);
+    }
+    const SessionStepText step = textOf(watch.step);
+    const Problem& problem = *watch.problem;
+    if (problem.step != step.name || problem.what != step.failure) {
+        return QStringLiteral("it ended in step %1 and named another:\n  %2").arg(step.name, told(problem));
+    }
+    // What is wrong with the port says itself what to do.
+    if (problem.cause.isEmpty() || (problem.mend.isEmpty() && problem.kind != Problem::Kind::SetUp)) {
+        return QStringLiteral("no cause, or nothing to do:\n  %1").arg(told(problem));
+    }
+    return isTrue(problem.cause, workplace, watch, order)
+               ? QString()
+               : QStringLiteral("the cause is not what happened:\n  %1").arg(told(problem));
+}
+
+QString wrongResults(const SimulatedWorkplace& workplace, const SessionWatch& watch)
+{
+    if (!watch.listening) {
+        return watch.results.isEmpty() ? QString() : QStringLiteral("results without listening");
+    }
+    const LineRecord& record = workplace.record;
+    QByteArrayList expected = resultLines(record, heardFrom(record, *watch.listening), heardUntil(record, watch));
+    if (watch.summary.end == SessionSummary::End::Count) {
+        expected = expected.mid(0, watch.results.size()); // others came in the same chunk
+    }
+    const int common = qMin(expected.size(), watch.results.size());
+    for (int i = 0; i < common; ++i) {
+        const QByteArray line = lineOf(watch.results.at(i));
+        const QByteArray& raw = watch.results.at(i).rawLine;
+        if (line != expected.at(i) || raw != expected.at(i)) {
+            return QStringLiteral("result %1 is \"%2\", from the line \"%3\"; the line that arrived is \"%4\"")
+                .arg(QString::number(i + 1), QString::fromLatin1(line), QString::fromLatin1(raw),
+                     QString::fromLatin1(expected.at(i)));
+        }
+    }
+    return expected.size() == watch.results.size()
+               ? QString()
+               : QStringLiteral("%1 result lines arrived, and %2 results were told; the first one of the difference "
+                                "is %3")
+                     .arg(QString::number(expected.size()), QString::number(watch.results.size()),
+                          QString::fromLatin1(expected.size() > common ? expected.at(common)
+                                                                       : lineOf(watch.results.at(common))));
+}
+
+QString disorder(SimulatedWorkplace& workplace, const SessionWatch& watch)
+{
+    const LineRecord& record = workplace.record;
+    const bool wasCalled = record.has(Kind::Sent, 0, record.size());
+    // A line that was away at the end takes no frame; it was closed without one when it never came back.
+    if (wasCalled && record.last(Kind::Opened) > record.last(Kind::Pulled) && record.lastSent() != c_hangUp) {
+        return QStringLiteral("the last frame is not the hang-up but ") + QString::fromLatin1(record.lastSent());
+    }
+    if (workplace.port().isOpen()) {
+        return QStringLiteral("the port is still open");
+    }
+    const int entries = record.size();
+    workplace.run(c_afterwardsMs);
+    if (record.size() != entries) {
+        return QStringLiteral("after the end the port was used again");
+    }
+    if (workplace.runningCommands() != 0) {
+        return QStringLiteral("%1 commands still run").arg(workplace.runningCommands());
+    }
+    if (workplace.clock.waiting() != 0) {
+        return QStringLiteral("%1 timers are still set").arg(workplace.clock.waiting());
+    }
+    return watch.toldAfterTheEnd == 0 ? QString()
+                                      : QStringLiteral("%1 signals after the end").arg(watch.toldAfterTheEnd);
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QObject>
+#include <QVector>
+
+#include <optional>
+
+#include "services/session.h"
+
+class SimulatedWorkplace;
+
+/// Notes what a session tells, and where on the line it did.
+class SessionWatch : public QObject
+{
+    Q_OBJECT
+
+public:
+    SessionWatch(SimulatedWorkplace& workplace, Session& session);
+
+    bool isFinished() const { return finished > 0; }
+    bool succeeded() const { return isFinished() && !problem; }
+
+    /// What the line's record held and what time it was when something happened.
+    struct Moment
+    {
+        int entries = 0;
+        qint64 atUs = 0;
+    };
+
+    Moment now() const;
+
+    SessionStep step = SessionStep::Open;
+    Moment stepStart;
+    std::optional<Moment> listening; ///< from here on results are listened to
+    std::optional<Moment> ended;     ///< by a problem
+    std::optional<Problem> problem;
+    QVector<TighteningResult> results;
+    SessionSummary summary;
+    int finished = 0;
+    int problems = 0;
+    int toldAfterTheEnd = 0; ///< signals behind sigFinished
+
+private:
+    void told();
+
+    SimulatedWorkplace& m_workplace;
+};

@@ -1,0 +1,133 @@
+#include "dongle_port.h"
+#include "session_checks.h"
+#include "session_watch.h"
+#include "simulated_workplace.h"
+#include "weather.h"
+
+#include <QLoggingCategory>
+#include <QtTest>
+
+#include <algorithm>
+
+namespace {
+constexpr int c_shortSoak = 25;
+constexpr int c_patienceMs = 600000; // simulated: all steps with their limits, and the longest listening
+
+/// "7" or "1-200", from the environment: which seeds.
+struct Seeds
+{
+    Seeds()
+    {
+        const QStringList ends = qEnvironmentVariable("SOAK_SEEDS").split(QLatin1Char('-'), Qt::SkipEmptyParts);
+        if (!ends.isEmpty()) {
+            first = ends.constFirst().toUInt();
+            last = ends.constLast().toUInt();
+        }
+    }
+
+    quint32 first = 1;
+    quint32 last = c_shortSoak;
+};
+} // namespace
+
+/// Sessions in seed-drawn weathers: however it goes, each ends, in good order, and says truly how.
+class TestSoakSessions : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void session_data();
+    void session();
+    void cleanupTestCase();
+
+private:
+    int m_succeeded = 0;
+    int m_results = 0;
+    QMap<QString, int> m_failures; // by step
+};
+
+void TestSoakSessions::initTestCase()
+{
+    QLoggingCategory::setFilterRules(QStringLiteral("*=false"));
+}
+
+void TestSoakSessions::session_data()
+{
+    QTest::addColumn<quint32>("seed");
+    const Seeds seeds;
+    for (quint32 seed = seeds.first; seed <= seeds.last; ++seed) {
+        QTest::addRow("seed %u", seed) << seed;
+    }
+}
+
+void TestSoakSessions::session()
+{
+    QFETCH(quint32, seed);
+    const Weather weather(seed);
+    const Seeds seeds;
+    SimulatedWorkplace workplace(weather.options, seeds.first == seeds.last ? QStringLiteral("-") : QString());
+    for (const Weather::Event& event : weather.events) {
+        workplace.commandLater(event.atMs, event.command);
+    }
+    Session session(workplace.linked(), weather.order);
+    SessionWatch watch(workplace, session);
+    session.start();
+    if (weather.interruptMs) {
+        workplace.runUntil([&] { return watch.isFinished(); }, *weather.interruptMs);
+        if (!watch.isFinished()) {
+            session.interrupt();
+        }
+    }
+    const auto told = [&](const QString& text) {
+        const QString program = QCoreApplication::applicationFilePath();
+        return QStringLiteral("%1\n  SOAK_SEEDS=%2 %3\n  %4")
+            .arg(text, QString::number(seed), program, weather.text())
+            .toLocal8Bit();
+    };
+    QVERIFY2(workplace.runUntil([&] { return watch.isFinished(); }, c_patienceMs),
+             told(QStringLiteral("it does not end; the step is %1").arg(textOf(watch.step).name)).constData());
+    QString complaint = wrongEnd(workplace, watch, weather.order);
+    if (complaint.isEmpty()) {
+        complaint = wrongResults(workplace, watch);
+    }
+    if (complaint.isEmpty()) {
+        // What was still to happen to the simulator happens now, to a line that nobody uses.
+        workplace.run(c_patienceMs);
+        complaint = disorder(workplace, watch);
+    }
+    QVERIFY2(complaint.isEmpty(), told(complaint).constData());
+    m_results += watch.results.size();
+    if (watch.succeeded()) {
+        ++m_succeeded;
+    } else {
+        ++m_failures[watch.problem->step];
+    }
+}
+
+/// A soak in which nothing fails, or nothing succeeds, proves little.
+void TestSoakSessions::cleanupTestCase()
+{
+    QStringList failures;
+    for (auto each = m_failures.cbegin(); each != m_failures.cend(); ++each) {
+        failures.append(QStringLiteral("%1 in %2").arg(QString::number(each.value()), each.key()));
+    }
+    qInfo("%d sessions succeeded, %d results; failures: %s", m_succeeded, m_results,
+          qPrintable(failures.join(QStringLiteral(", "))));
+    const Seeds seeds;
+    if (seeds.last >= seeds.first + c_shortSoak - 1) {
+        QVERIFY(m_succeeded > 0);
+        QVERIFY(m_results > 0);
+        QVERIFY(!m_failures.isEmpty());
+    }
+}
+
+int main(int argc, char* argv[])
+{
+    qSetGlobalQHashSeed(0); // the same seed, the same run
+    QCoreApplication application(argc, argv);
+    TestSoakSessions test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_soak_sessions.moc"
