@@ -1,7 +1,7 @@
 # Shared by ./run, ./test and .ci/run: packages of the system, and building. Everything said here goes to standard error,
 # so that what the started program prints stands alone.
 
-packages_to_build="g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev libqt5serialport5-dev"
+packages_to_build="g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev libqt5serialport5-dev qttools5-dev qttools5-dev-tools"
 packages_to_test="python3 python3-jsonschema procps"
 packages_to_check="clang-format clang-tidy clazy"
 

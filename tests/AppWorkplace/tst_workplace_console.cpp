@@ -80,6 +80,9 @@ private Q_SLOTS:
     void showsNoProgressInAFile();
     void takesLinesBackOnATerminal();
     void takesNothingBackInAFile();
+    void tellsOnlyResultsAndErrorsWhenQuiet();
+    void showsNoProgressWhenQuiet();
+    void remarksOnlyWhenVerbose();
     void noticesThatNobodyReads();
     void tellsAProblemOnLinesOfTheirOwn();
     void leavesOutWhatAProblemDoesNotSay();
@@ -206,6 +209,42 @@ void TestWorkplaceConsole::takesNothingBackInAFile()
     Console console(results.get(), stderr, false);
     console.takeBack(3);
     QCOMPARE(contents(results), QByteArray());
+}
+
+void TestWorkplaceConsole::tellsOnlyResultsAndErrorsWhenQuiet()
+{
+    const File results = makeFile();
+    const File messages = makeFile();
+    Console console(results.get(), messages.get(), false, Console::Manner::Quiet);
+    console.line(QStringLiteral("a result"));
+    console.detail(QStringLiteral("a detail"));
+    console.message(QStringLiteral("an error"));
+    console.notice(QStringLiteral("a notice"));
+    console.remark(QStringLiteral("a remark"));
+    QCOMPARE(contents(results), QByteArray("a result\n"));
+    QCOMPARE(contents(messages), QByteArray("an error\n"));
+}
+
+void TestWorkplaceConsole::showsNoProgressWhenQuiet()
+{
+    const Terminal terminal;
+    Console console(terminal.results.get(), stderr, false, Console::Manner::Quiet);
+    console.progress(QStringLiteral("searching"));
+    console.line(QStringLiteral("a result"));
+    QVERIFY(!terminal.read().contains("searching"));
+}
+
+void TestWorkplaceConsole::remarksOnlyWhenVerbose()
+{
+    for (const Console::Manner manner : {Console::Manner::Usual, Console::Manner::Verbose}) {
+        const File messages = makeFile();
+        Console console(stdout, messages.get(), false, manner);
+        console.remark(QStringLiteral("a remark"));
+        const QRegularExpression timed(QStringLiteral("^ *\\d+\\.\\d{3} a remark\n$"));
+        const QString said = QString::fromUtf8(contents(messages));
+        QCOMPARE(timed.match(said).hasMatch(), manner == Console::Manner::Verbose);
+        QCOMPARE(said.isEmpty(), manner == Console::Manner::Usual);
+    }
 }
 
 void TestWorkplaceConsole::noticesThatNobodyReads()

@@ -39,6 +39,9 @@ private Q_SLOTS:
     void refusesAWrongConfiguration();
     void refusesAConfigurationThatIsNotThere();
     void takesThePortFromTheConfiguration();
+    void tellsOnlyResultsWhenQuiet();
+    void tellsErrorsWhenQuiet();
+    void tellsWhatIsInUseWhenVerbose();
 
 private:
     static bool write(const QString& file, const QByteArray& text);
@@ -280,6 +283,40 @@ void TestCommandUsage::takesThePortFromTheConfiguration()
     QVERIFY2(run.waitForEnd(), run.report());
     QCOMPARE(run.exitStatus(), c_setUpProblem);
     QVERIFY2(run.messages().contains(QLatin1String("/dev/no-such-port")), run.report());
+}
+
+void TestCommandUsage::tellsOnlyResultsWhenQuiet()
+{
+    WorkplaceRun run;
+    QVERIFY(run.start(words("session --count 2 --quiet")));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), 0);
+    QCOMPARE(run.outputLines().size(), 3); // the titles, and a line for each result
+    QVERIFY2(run.outputLines().first().contains(QLatin1String("torque")), run.report());
+    QCOMPARE(run.messages(), QString());
+}
+
+void TestCommandUsage::tellsErrorsWhenQuiet()
+{
+    WorkplaceRun run;
+    QVERIFY(run.start(words("session --quiet --program 9")));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), 1);
+    QCOMPARE(run.output(), QString());
+    QVERIFY2(run.messages().contains(QLatin1String("the program could not be selected")), run.report());
+}
+
+void TestCommandUsage::tellsWhatIsInUseWhenVerbose()
+{
+    WorkplaceRun run;
+    QVERIFY(run.start(words("run checkSerialId --verbose")));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), 0);
+    for (const char* told : {"app_workplace 0.", "no configuration file", "Plugin Device Haitor, Plugin Driver Serial",
+                             "run ended after", "exit status 0"}) {
+        QVERIFY2(run.messages().contains(QLatin1String(told)), run.report());
+    }
+    QVERIFY2(!run.output().contains(QLatin1String("app_workplace")), run.report());
 }
 
 QTEST_GUILESS_MAIN(TestCommandUsage)

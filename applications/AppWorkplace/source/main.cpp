@@ -8,18 +8,26 @@
 #include "cli/command_line.h"
 #include "cli/console.h"
 #include "cli/interrupts.h"
+#include "cli/log_lines.h"
+#include "services/language.h"
+#include "services/translations.h"
 
 namespace {
 
-/// Log lines for people. Traces are for who asks for them: the plugins write one for each instance.
-void writeLog(QtMsgType type, const QMessageLogContext& context, const QString& message)
+Console::Manner mannerOf(const Settings& settings)
 {
-    static const bool isTraced = qEnvironmentVariableIsSet("WORKPLACE_DEBUG");
-    if (type == QtDebugMsg && !isTraced) {
-        return;
-    }
-    const QByteArray line = Console::visible(message.trimmed()).toUtf8();
-    std::fprintf(stderr, "%s: %s\n", context.category, line.constData());
+    return settings.isQuiet     ? Console::Manner::Quiet
+           : settings.isVerbose ? Console::Manner::Verbose
+                                : Console::Manner::Usual;
+}
+
+void tellWhatIsInUse(Console& console, const Invocation& invocation)
+{
+    console.remark(QCoreApplication::translate("Main", "app_workplace %1").arg(QCoreApplication::applicationVersion()));
+    console.remark(
+        invocation.settings.configurationFile.isEmpty()
+            ? QCoreApplication::translate("Main", "no configuration file")
+            : QCoreApplication::translate("Main", "configuration file %1").arg(invocation.settings.configurationFile));
 }
 
 } // namespace
@@ -28,21 +36,27 @@ int main(int argc, char* argv[])
 {
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("haitor-workplace"));
-    qInstallMessageHandler(&writeLog);
+    QCoreApplication::setApplicationVersion(QStringLiteral(WORKPLACE_VERSION));
+    log_lines::show(false);
 
+    // The help and what is wrong with the command line are texts, too.
+    translations::install(language::choose(languageOnCommandLine(QCoreApplication::arguments())).name);
     const QList<CliEntry> entries = allCommands();
     const Invocation invocation = readCommandLine(QCoreApplication::arguments(), entries);
-    Console console(stdout, stderr, invocation.isJson);
+    Console console(stdout, stderr, invocation.isJson, mannerOf(invocation.settings));
     if (!invocation.help.isEmpty()) {
         console.line(invocation.help);
         return 0;
     }
+    translations::install(language::choose(invocation.settings).name);
+    log_lines::show(invocation.settings.isVerbose);
     Problem problem;
     std::unique_ptr<CliCommand> command = invocation.make(console, entries, &problem);
     if (!problem.what.isEmpty()) {
         tellProblem(console, problem);
         return problem.exitStatus();
     }
+    tellWhatIsInUse(console, invocation);
 
     const Interrupts interrupts;
     QObject::connect(&interrupts, &Interrupts::sigInterrupted, command.get(), &CliCommand::interrupt);
@@ -53,5 +67,8 @@ int main(int argc, char* argv[])
     command.reset();
     // What was left to the event loop to delete; it no longer runs.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    console.remark(QCoreApplication::translate("Main", "%1 ended after %2 s with exit status %3")
+                       .arg(invocation.entry->name, QLocale().toString(log_lines::secondsSinceStart(), 'f', 3))
+                       .arg(exitStatus));
     return exitStatus == 0 && console.hasLost() ? int(Problem::Kind::SetUp) : exitStatus;
 }

@@ -1,6 +1,7 @@
 #include "d_cmd_set_keep_alive_fonction.h"
 
 #include "value_bytes.h"
+#include <QCoreApplication>
 
 DCmdSetKeepAliveFonction::DCmdSetKeepAliveFonction(const QMap<QString, QVariant>& parameters, SerialLine* line,
                                                    QObject* parent)
@@ -24,12 +25,13 @@ bool DCmdSetKeepAliveFonction::commandExecute()
     const QByteArray response = bytesOf(getParameterValue(QStringLiteral("responseFrame"), QVariant()));
     const bool isFrame = frameValue.userType() == QMetaType::QString || frameValue.userType() == QMetaType::QByteArray;
     if (!isFrame) {
-        answer(QStringLiteral("\"setKeepAliveFonction\" needs a \"frame\" that is a text or a byte array; an empty one "
-                              "switches the keep-alive off."));
+        answer(QCoreApplication::translate(
+            "SerialDriver", "\"setKeepAliveFonction\" needs a \"frame\" that is a text or a byte array; an empty one "
+                            "switches the keep-alive off."));
     } else if (!frame.isEmpty() && response.isEmpty()) {
-        answer(
-            QStringLiteral("\"setKeepAliveFonction\" needs a \"responseFrame\" that is a text or a byte array and is "
-                           "not empty: any line would be taken for the answer otherwise."));
+        answer(QCoreApplication::translate(
+            "SerialDriver", "\"setKeepAliveFonction\" needs a \"responseFrame\" that is a text or a byte array and is "
+                            "not empty: any line would be taken for the answer otherwise."));
     } else if (line() == nullptr) {
         answer(noLine());
     } else {

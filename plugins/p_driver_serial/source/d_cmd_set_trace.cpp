@@ -1,5 +1,6 @@
 #include "d_cmd_set_trace.h"
 
+#include <QCoreApplication>
 DCmdSetTrace::DCmdSetTrace(const QMap<QString, QVariant>& parameters, SerialLine* line, QObject* parent)
     : DLineCommand(QStringLiteral("setTrace"), QString(), parameters, line, parent)
 {
@@ -17,9 +18,9 @@ bool DCmdSetTrace::commandExecute()
     }
     const QVariant file = getParameterValue(QStringLiteral("file"), QVariant());
     if (file.userType() != QMetaType::QString) {
-        answer(
-            QStringLiteral("\"setTrace\" needs a \"file\" that is a text: a path, \"-\" for standard error, or empty "
-                           "to end the trace."));
+        answer(QCoreApplication::translate(
+            "SerialDriver", "\"setTrace\" needs a \"file\" that is a text: a path, \"-\" for standard error, or empty "
+                            "to end the trace."));
     } else {
         answer(line() == nullptr ? noLine() : line()->setTrace(file.toString()));
     }

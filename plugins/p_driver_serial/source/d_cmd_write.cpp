@@ -1,5 +1,6 @@
 #include "d_cmd_write.h"
 
+#include <QCoreApplication>
 #include <utility>
 
 #include "value_bytes.h"
@@ -31,10 +32,13 @@ bool DCmdWrite::commandExecute()
     bool isNumber = false;
     const int limitMs = limitValue.toInt(&isNumber);
     if (frame.isEmpty()) {
-        answer(QStringLiteral("\"write\" needs a \"frame\" that is a byte array or a text and is not empty."));
+        answer(QCoreApplication::translate(
+            "SerialDriver", "\"write\" needs a \"frame\" that is a byte array or a text and is not empty."));
     } else if (!isNumber || limitMs <= 0) {
-        answer(QStringLiteral("The \"timeout\" of \"write\" is \"%1\": it must be a number of milliseconds above 0.")
-                   .arg(limitValue.toString()));
+        answer(
+            QCoreApplication::translate(
+                "SerialDriver", "The \"timeout\" of \"write\" is \"%1\": it must be a number of milliseconds above 0.")
+                .arg(limitValue.toString()));
     } else if (line() == nullptr) {
         answer(noLine());
     } else {

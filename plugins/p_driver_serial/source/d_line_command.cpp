@@ -1,5 +1,6 @@
 #include "d_line_command.h"
 
+#include <QCoreApplication>
 DLineCommand::DLineCommand(const QString& name, const QString& stopName, const QMap<QString, QVariant>& parameters,
                            SerialLine* line, QObject* parent)
     : DAbstractCommand(name, stopName, parameters, parent), m_line(line)
@@ -21,5 +22,6 @@ void DLineCommand::answer(const QString& error)
 
 QString DLineCommand::noLine()
 {
-    return QStringLiteral("The serial driver of this command has been removed: run the command on another one.");
+    return QCoreApplication::translate(
+        "SerialDriver", "The serial driver of this command has been removed: run the command on another one.");
 }

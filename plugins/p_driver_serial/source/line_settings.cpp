@@ -1,5 +1,6 @@
 #include "line_settings.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QStringList>
@@ -44,12 +45,12 @@ QString choiceText(const QJsonValue& value)
 
 QString allowedText()
 {
-    return QStringLiteral("a text");
+    return QCoreApplication::translate("SerialDriver", "a text");
 }
 
 QString allowedNumbers(int least, int most)
 {
-    return QStringLiteral("a whole number from %1 to %2").arg(least).arg(most);
+    return QCoreApplication::translate("SerialDriver", "a whole number from %1 to %2").arg(least).arg(most);
 }
 
 template <class Value, std::size_t Count>
@@ -59,7 +60,7 @@ QString allowedChoices(const Choice<Value> (&choices)[Count])
     for (const Choice<Value>& each : choices) {
         texts.append(QLatin1String(each.text));
     }
-    return QStringLiteral("one of %1").arg(texts.join(QStringLiteral(", ")));
+    return QCoreApplication::translate("SerialDriver", "one of %1").arg(texts.join(QStringLiteral(", ")));
 }
 
 /// Reads one value after the other and keeps the first refusal.
@@ -107,7 +108,8 @@ private:
     void refuse(const char* key, const QJsonValue& value, const QString& allowed)
     {
         if (m_refusal.isEmpty()) {
-            m_refusal = QStringLiteral("The setting \"%1\" of the serial driver is %2: it must be %3.")
+            m_refusal = QCoreApplication::translate("SerialDriver",
+                                                    "The setting \"%1\" of the serial driver is %2: it must be %3.")
                             .arg(QLatin1String(key), shown(value), allowed);
         }
     }
@@ -177,8 +179,9 @@ LineSettingsResult readLineSettings(const ConfigurationLookup& lookup)
     Reader reader(lookup, result.refusal);
     visit(reader, result.settings);
     if (result.refusal.isEmpty() && result.settings.port.isEmpty()) {
-        result.refusal = QStringLiteral("The serial driver has no port: set \"port\" to the path of one, best "
-                                        "a name below /dev/serial/by-id/, which survives re-plugging.");
+        result.refusal = QCoreApplication::translate(
+            "SerialDriver", "The serial driver has no port: set \"port\" to the path of one, best "
+                            "a name below /dev/serial/by-id/, which survives re-plugging.");
     }
     return result;
 }

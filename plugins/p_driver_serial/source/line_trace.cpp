@@ -1,5 +1,6 @@
 #include "line_trace.h"
 
+#include <QCoreApplication>
 #include <cstdio>
 
 #include <lib_utilities/clock.h>
@@ -24,8 +25,10 @@ QString LineTrace::start(const QString& target, const QString& subject)
     const bool opened = toStandardError ? m_output.open(stderr, QIODevice::WriteOnly | QIODevice::Unbuffered)
                                         : m_output.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
     if (!opened) {
-        return QStringLiteral("The trace cannot be written to %1 (%2): name a file in a folder that you may write to, "
-                              "or \"-\" for standard error.")
+        return QCoreApplication::translate(
+                   "SerialDriver",
+                   "The trace cannot be written to %1 (%2): name a file in a folder that you may write to, "
+                   "or \"-\" for standard error.")
             .arg(target, m_output.errorString());
     }
     m_startUs = m_clock.nowUs();
@@ -104,7 +107,9 @@ void LineTrace::put(const QByteArray& line)
 {
     if (m_output.write(line) != line.size()) {
         qCWarning(lcDriverSerial).noquote()
-            << QStringLiteral("The trace to %1 ends here, it cannot be written (%2): make room and switch it on again.")
+            << QCoreApplication::translate(
+                   "SerialDriver",
+                   "The trace to %1 ends here, it cannot be written (%2): make room and switch it on again.")
                    .arg(m_output.fileName(), m_output.errorString());
         stop();
     }

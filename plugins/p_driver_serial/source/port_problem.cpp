@@ -93,16 +93,20 @@ QString missing(const QString& name)
 {
     const QString existing = existingPorts();
     return existing.isEmpty()
-               ? QStringLiteral("The port %1 does not exist and this machine has no serial port: plug the adapter in.")
+               ? QCoreApplication::translate(
+                     "SerialDriver",
+                     "The port %1 does not exist and this machine has no serial port: plug the adapter in.")
                      .arg(name)
-               : QStringLiteral(
+               : QCoreApplication::translate(
+                     "SerialDriver",
                      "The port %1 does not exist: plug the adapter in, or set \"port\" to one that does: %2.")
                      .arg(name, existing);
 }
 
 QString noSerialPort(const QString& name)
 {
-    return QStringLiteral("%1 is no serial port: set \"port\" to one, for example below %2/.")
+    return QCoreApplication::translate("SerialDriver",
+                                       "%1 is no serial port: set \"port\" to one, for example below %2/.")
         .arg(name, QLatin1String(c_namesFolder));
 }
 
@@ -123,27 +127,34 @@ Opening tryToOpen(const QByteArray& path)
 QString heldBy(const QString& name, qint64 processId)
 {
     if (processId == QCoreApplication::applicationPid()) {
-        return QStringLiteral("The port %1 is in use by another device of this program (process %2): give each device "
-                              "a port of its own.")
+        return QCoreApplication::translate(
+                   "SerialDriver",
+                   "The port %1 is in use by another device of this program (process %2): give each device "
+                   "a port of its own.")
             .arg(name)
             .arg(processId);
     }
-    return QStringLiteral("Another program holds the port %1: %2 %3; close that program or choose another port.")
+    return QCoreApplication::translate(
+               "SerialDriver", "Another program holds the port %1: %2 %3; close that program or choose another port.")
         .arg(name, QString::number(processId), programName(processId));
 }
 
 /// Other users' processes show their open files to root only.
 QString heldUnseen(const QString& name, const QString& location)
 {
-    return QStringLiteral("Another program holds the port %1, one of another user, which only root can see: run \"sudo "
-                          "lsof %2\" to learn which, and close it or choose another port.")
+    return QCoreApplication::translate(
+               "SerialDriver",
+               "Another program holds the port %1, one of another user, which only root can see: run \"sudo "
+               "lsof %2\" to learn which, and close it or choose another port.")
         .arg(name, location);
 }
 
 QString staleLock(const QString& name, const QString& lockFile, qint64 processId)
 {
-    return QStringLiteral("The port %1 is locked by the file %2 of another user's process %3, which has ended: run "
-                          "\"sudo rm %2\".")
+    return QCoreApplication::translate(
+               "SerialDriver",
+               "The port %1 is locked by the file %2 of another user's process %3, which has ended: run "
+               "\"sudo rm %2\".")
         .arg(name, lockFile)
         .arg(processId);
 }
@@ -179,7 +190,8 @@ QString port_problem::cannotOpen(const QString& name, const QString& systemText)
     if (opening == Opening::Busy) {
         return heldUnseen(name, location);
     }
-    return QStringLiteral("The port %1 cannot be opened (%2): check that it is a working serial port.")
+    return QCoreApplication::translate("SerialDriver",
+                                       "The port %1 cannot be opened (%2): check that it is a working serial port.")
         .arg(name, systemText);
 }
 
@@ -192,12 +204,15 @@ QString port_problem::inUse(const QString& name)
 
 QString port_problem::unsupported(const QString& name, const QString& setting)
 {
-    return QStringLiteral("The port %1 does not support the configured \"%2\": set it to what the port and the device "
-                          "at its other end both have.")
+    return QCoreApplication::translate(
+               "SerialDriver",
+               "The port %1 does not support the configured \"%2\": set it to what the port and the device "
+               "at its other end both have.")
         .arg(name, setting);
 }
 
 QString port_problem::wentAway(const QString& name)
 {
-    return QStringLiteral("The port %1 went away while in use: plug its adapter in again.").arg(name);
+    return QCoreApplication::translate("SerialDriver", "The port %1 went away while in use: plug its adapter in again.")
+        .arg(name);
 }

@@ -1,5 +1,6 @@
 #include "port_rights.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QVector>
 
@@ -53,17 +54,23 @@ QString port_rights::notPermitted(const QString& name, const QString& location)
     if (!isKnown || status.st_gid == c_rootGroup || (status.st_mode & c_groupMayUse) != c_groupMayUse ||
         isGroupOfThisProcess(status.st_gid)) {
         // No group would help, and what is done here lasts until the adapter is plugged in again.
-        return QStringLiteral("The port %1 may not be opened by this user, nor by a group that the user could join: "
-                              "run \"sudo chown $USER %2\".")
+        return QCoreApplication::translate(
+                   "SerialDriver",
+                   "The port %1 may not be opened by this user, nor by a group that the user could join: "
+                   "run \"sudo chown $USER %2\".")
             .arg(name, location);
     }
     const QString group = groupName(status.st_gid);
     if (isGivenToTheUser(status.st_gid)) {
-        return QStringLiteral("The port %1 may not be opened yet: this user has been given the group %2 after logging "
-                              "in, so log out and in again.")
+        return QCoreApplication::translate(
+                   "SerialDriver",
+                   "The port %1 may not be opened yet: this user has been given the group %2 after logging "
+                   "in, so log out and in again.")
             .arg(name, group);
     }
-    return QStringLiteral("The port %1 may not be opened by this user: run \"sudo usermod -aG %2 $USER\" and log in "
-                          "again.")
+    return QCoreApplication::translate(
+               "SerialDriver",
+               "The port %1 may not be opened by this user: run \"sudo usermod -aG %2 $USER\" and log in "
+               "again.")
         .arg(name, group);
 }

@@ -1,5 +1,6 @@
 #include "serial_line.h"
 
+#include <QCoreApplication>
 #include <QPointer>
 
 #include <algorithm>
@@ -190,11 +191,13 @@ void SerialLine::onWriteLimit(WriteQueue::Id id)
         m_isWriting = false;
     }
     const WriteQueue::Entry entry = m_queue.take(id);
-    const QString error = QStringLiteral("The port %1 did not take a frame of %2 bytes within %3 ms: check the device "
-                                         "at its other end and its flow control.")
-                              .arg(m_portName)
-                              .arg(entry.frame.size())
-                              .arg(entry.limitMs);
+    const QString error =
+        QCoreApplication::translate("SerialDriver",
+                                    "The port %1 did not take a frame of %2 bytes within %3 ms: check the device "
+                                    "at its other end and its flow control.")
+            .arg(m_portName)
+            .arg(entry.frame.size())
+            .arg(entry.limitMs);
     qCWarning(lcDriverSerial).noquote() << error;
     m_trace.remark(error);
     if (answer(entry, error)) {
@@ -348,10 +351,12 @@ void SerialLine::onDeviceLost()
         return; // the line has a state of its own for that
     }
     if (m_keepAlive.isLost()) {
-        setState(State::NoAnswer, QStringLiteral("The device on %1 has left the keep-alive frame unanswered %2 times: "
-                                                 "check that it is switched on and in range.")
-                                      .arg(m_portName)
-                                      .arg(KeepAlive::c_missingForLost));
+        setState(State::NoAnswer,
+                 QCoreApplication::translate("SerialDriver",
+                                             "The device on %1 has left the keep-alive frame unanswered %2 times: "
+                                             "check that it is switched on and in range.")
+                     .arg(m_portName)
+                     .arg(KeepAlive::c_missingForLost));
     } else {
         setState(State::Open, {});
     }

@@ -202,6 +202,19 @@ QList<QCommandLineOption> globalOptions()
     return options;
 }
 
+Settings languageOnCommandLine(const QStringList& arguments)
+{
+    Settings settings;
+    QCommandLineParser parser;
+    parser.addOptions(globalOptions());
+    parser.parse(arguments); // in vain for options of commands, which does not matter here
+    const QString name = parser.value(QStringLiteral("language"));
+    if (language::all().contains(name)) {
+        settings.language = name;
+    }
+    return settings;
+}
+
 QString settingKey(const QCommandLineOption& option)
 {
     QStringList words = option.names().constLast().split(QLatin1Char('-'));

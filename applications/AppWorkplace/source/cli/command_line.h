@@ -43,6 +43,9 @@ QList<QCommandLineOption> globalOptions();
 /// The name of an option's setting in the configuration file: "serialId" for --serial-id.
 QString settingKey(const QCommandLineOption& option);
 
+/// What the arguments say about the language, without a look at anything else.
+Settings languageOnCommandLine(const QStringList& arguments);
+
 /// Reads the arguments, the program's own name first, and the configuration file: the one that is named, else this
 /// user's when there is one. Options may stand before or behind the command.
 Invocation readCommandLine(const QStringList& arguments, const QList<CliEntry>& entries);

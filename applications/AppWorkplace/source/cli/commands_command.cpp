@@ -15,9 +15,9 @@ std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
     if (context.arguments.size() > 1) {
         *problem = {Problem::Kind::Usage,
                     QStringLiteral("command line"),
-                    QStringLiteral("one command can be told about, not %1").arg(context.arguments.size()),
+                    CommandsCommand::tr("one command can be told about, not %1").arg(context.arguments.size()),
                     {},
-                    QStringLiteral("see app_workplace commands --help")};
+                    CommandsCommand::tr("see app_workplace commands --help")};
         return nullptr;
     }
     return std::make_unique<CommandsCommand>(context);
@@ -37,14 +37,14 @@ QString shownDefault(const QJsonValue& value)
 void tellDeclarations(Console& console, const QString& title, const QJsonArray& declarations)
 {
     if (declarations.isEmpty()) {
-        console.line(QStringLiteral("%1: none declared").arg(title));
+        console.line(CommandsCommand::tr("%1: none declared").arg(title));
         return;
     }
     console.line(title + QLatin1Char(':'));
-    TextTable table({{QStringLiteral("name")},
-                     {QStringLiteral("type")},
-                     {QStringLiteral("default")},
-                     {QStringLiteral("description")}});
+    TextTable table({{CommandsCommand::tr("name")},
+                     {CommandsCommand::tr("type")},
+                     {CommandsCommand::tr("default")},
+                     {CommandsCommand::tr("description")}});
     for (const QJsonValue& value : declarations) {
         const QJsonObject declaration = value.toObject();
         const QString shown = declaration.contains(QLatin1String("default"))
@@ -64,7 +64,7 @@ CliEntry CommandsCommand::entry()
 {
     return {QStringLiteral("commands"),
             QStringLiteral("[COMMAND]"),
-            QStringLiteral("Lists what the loaded plugins offer, or tells about one command."),
+            tr("Lists what the loaded plugins offer, or tells about one command."),
             {},
             &make};
 }
@@ -84,15 +84,15 @@ void CommandsCommand::start()
         isTold = tellOf(*root) || isTold;
     }
     if (plugins.roots().isEmpty()) {
-        tell({Problem::Kind::SetUp, QStringLiteral("commands"), QStringLiteral("there is no plugin"),
-              QStringLiteral("none was loaded"), QStringLiteral("check the folder of the plugins with --plugins")});
+        tell({Problem::Kind::SetUp, QStringLiteral("commands"), tr("there is no plugin"), tr("none was loaded"),
+              tr("check the folder of the plugins with --plugins")});
         Q_EMIT sigDone(int(Problem::Kind::SetUp));
     } else if (!isTold) {
         tell({Problem::Kind::Usage,
               QStringLiteral("commands"),
-              QStringLiteral("no loaded plugin has the command \"%1\"").arg(m_command),
+              tr("no loaded plugin has the command \"%1\"").arg(m_command),
               {},
-              QStringLiteral("\"app_workplace commands\" lists what there is")});
+              tr("\"app_workplace commands\" lists what there is")});
         Q_EMIT sigDone(int(Problem::Kind::Usage));
     } else {
         Q_EMIT sigDone(0);
@@ -122,7 +122,7 @@ bool CommandsCommand::tellOf(const DAbstractPlugin& plugin)
 void CommandsCommand::tellAll(const DAbstractPlugin& plugin)
 {
     m_console.line(m_console.strong(QString::fromUtf8(plugin.pluginName())));
-    TextTable table({{QStringLiteral("command")}, {QStringLiteral("stopped by")}, {QStringLiteral("description")}});
+    TextTable table({{tr("command")}, {tr("stopped by")}, {tr("description")}});
     const QStringList names = plugin.commandNames();
     for (const QString& name : names) {
         const QJsonObject description = plugin.getFunctionDescription(name);
@@ -141,9 +141,8 @@ void CommandsCommand::tellOne(const DAbstractPlugin& plugin, const QJsonObject& 
         m_console.strong(text(description, "name")) +
         QStringLiteral(" (%1): %2").arg(QString::fromUtf8(plugin.pluginName()), text(description, "description")));
     if (!text(description, "stopName").isEmpty()) {
-        m_console.line(
-            QStringLiteral("Runs until it is stopped by \"%1\" (Ctrl-C).").arg(text(description, "stopName")));
+        m_console.line(tr("Runs until it is stopped by \"%1\" (Ctrl-C).").arg(text(description, "stopName")));
     }
-    tellDeclarations(m_console, QStringLiteral("Parameters"), description.value(QLatin1String("parameters")).toArray());
-    tellDeclarations(m_console, QStringLiteral("Results"), description.value(QLatin1String("results")).toArray());
+    tellDeclarations(m_console, tr("Parameters"), description.value(QLatin1String("parameters")).toArray());
+    tellDeclarations(m_console, tr("Results"), description.value(QLatin1String("results")).toArray());
 }

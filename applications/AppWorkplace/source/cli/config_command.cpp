@@ -126,7 +126,7 @@ bool ConfigCommand::writeDefault(const QString& file)
               tr("name another file, or move that one away")});
         return false;
     }
-    m_console.message(tr("%1 is written; it holds the defaults.").arg(file));
+    m_console.notice(tr("%1 is written; it holds the defaults.").arg(file));
     return true;
 }
 

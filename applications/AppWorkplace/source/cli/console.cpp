@@ -1,5 +1,6 @@
 #include "console.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QJsonDocument>
 
@@ -7,6 +8,8 @@
 #include <cstring>
 
 #include <unistd.h>
+
+#include "log_lines.h"
 
 namespace {
 constexpr char c_escape = '\x1b';
@@ -16,10 +19,11 @@ const QString c_alarming = QStringLiteral("\x1b[31m");
 const QString c_plain = QStringLiteral("\x1b[0m");
 } // namespace
 
-Console::Console(std::FILE* results, std::FILE* messages, bool isJson)
+Console::Console(std::FILE* results, std::FILE* messages, bool isJson, Manner manner)
     : m_results(results)
     , m_messages(messages)
     , m_isJson(isJson)
+    , m_manner(manner)
     , m_isTerminal(isatty(fileno(results)) != 0)
     , m_isColoured(m_isTerminal && qEnvironmentVariableIsEmpty("NO_COLOR"))
 {}
@@ -41,6 +45,27 @@ void Console::message(const QString& text)
     write(m_messages, visible(text).toUtf8() + '\n');
 }
 
+void Console::detail(const QString& text)
+{
+    if (!isQuiet()) {
+        line(text);
+    }
+}
+
+void Console::notice(const QString& text)
+{
+    if (!isQuiet()) {
+        message(text);
+    }
+}
+
+void Console::remark(const QString& text)
+{
+    if (m_manner == Manner::Verbose) {
+        message(QStringLiteral("%1 %2").arg(log_lines::secondsSinceStart(), 9, 'f', 3).arg(text));
+    }
+}
+
 void Console::takeBack(int lines)
 {
     if (m_isTerminal && lines > 0) {
@@ -50,7 +75,7 @@ void Console::takeBack(int lines)
 
 void Console::progress(const QString& text)
 {
-    if (m_isTerminal && !m_isJson && !(text.isEmpty() && m_progress.isEmpty())) {
+    if (m_isTerminal && !m_isJson && !isQuiet() && !(text.isEmpty() && m_progress.isEmpty())) {
         m_progress = visible(text).toUtf8();
         put(m_results, c_clearLine + m_progress);
     }
@@ -107,7 +132,8 @@ void Console::put(std::FILE* stream, const QByteArray& bytes)
         m_isOpen = false;
         m_hasLost = error != EPIPE; // who stops reading has had enough
         if (m_hasLost) {
-            message(QStringLiteral("The results cannot be written (%1): make room, or write them elsewhere.")
+            message(QCoreApplication::translate(
+                        "Console", "The results cannot be written (%1): make room, or write them elsewhere.")
                         .arg(QString::fromLocal8Bit(std::strerror(error))));
         }
     }

@@ -1,5 +1,6 @@
 #include "number_options.h"
 
+#include <QCoreApplication>
 #include <cmath>
 
 namespace {
@@ -11,7 +12,7 @@ Problem refusal(const QString& name, const QString& allowed, const QString& give
 {
     return {Problem::Kind::Usage,
             QStringLiteral("command line"),
-            QStringLiteral("--%1 takes %2, not \"%3\"").arg(name, allowed, given),
+            QCoreApplication::translate("NumberOptions", "--%1 takes %2, not \"%3\"").arg(name, allowed, given),
             {},
             {}};
 }
@@ -26,8 +27,9 @@ int wholeNumberOption(const QCommandLineParser& options, const QString& name, in
     bool isNumber = false;
     const int number = options.value(name).toInt(&isNumber);
     if (!isNumber || number < least || number > c_most) {
-        *problem =
-            refusal(name, QStringLiteral("a whole number from %1 to %2").arg(least).arg(c_most), options.value(name));
+        *problem = refusal(
+            name, QCoreApplication::translate("NumberOptions", "a whole number from %1 to %2").arg(least).arg(c_most),
+            options.value(name));
         return 0;
     }
     return number;
@@ -42,8 +44,9 @@ int secondsOption(const QCommandLineParser& options, const QString& name, int le
     const double seconds = options.value(name).toDouble(&isNumber);
     const double leastSeconds = leastMs / c_millisecondsPerSecond;
     if (!isNumber || !std::isfinite(seconds) || seconds < leastSeconds || seconds > c_most) {
-        *problem =
-            refusal(name, QStringLiteral("seconds from %1 to %2").arg(leastSeconds).arg(c_most), options.value(name));
+        *problem = refusal(
+            name, QCoreApplication::translate("NumberOptions", "seconds from %1 to %2").arg(leastSeconds).arg(c_most),
+            options.value(name));
         return 0;
     }
     return int(std::lround(seconds * c_millisecondsPerSecond));

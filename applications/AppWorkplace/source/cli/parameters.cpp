@@ -1,5 +1,6 @@
 #include "parameters.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -96,12 +97,12 @@ std::optional<QVariant> readValue(const QString& type, const QString& text)
 QString expected(const QString& type)
 {
     static const QMap<QString, QString> texts = {
-        {QStringLiteral("bool"), QStringLiteral("true or false")},
-        {QStringLiteral("int"), QStringLiteral("a whole number")},
-        {QStringLiteral("uint"), QStringLiteral("a whole number, 0 or more")},
-        {QStringLiteral("strg"), QStringLiteral("a text (escapes: \\r \\n \\t \\\\ \\xHH)")},
-        {QStringLiteral("varM"), QStringLiteral("a JSON object")},
-        {QStringLiteral("varL"), QStringLiteral("a JSON array")},
+        {QStringLiteral("bool"), QCoreApplication::translate("Parameters", "true or false")},
+        {QStringLiteral("int"), QCoreApplication::translate("Parameters", "a whole number")},
+        {QStringLiteral("uint"), QCoreApplication::translate("Parameters", "a whole number, 0 or more")},
+        {QStringLiteral("strg"), QCoreApplication::translate("Parameters", "a text (escapes: \\r \\n \\t \\\\ \\xHH)")},
+        {QStringLiteral("varM"), QCoreApplication::translate("Parameters", "a JSON object")},
+        {QStringLiteral("varL"), QCoreApplication::translate("Parameters", "a JSON array")},
     };
     return texts.value(type);
 }
@@ -124,21 +125,21 @@ ParameterReading readParameters(const QJsonObject& description, const QStringLis
         const int separator = text.indexOf(QLatin1Char('='));
         const QString name = text.left(separator);
         if (separator < 1) {
-            return {{}, QStringLiteral("\"%1\" is not of the form name=value").arg(text)};
+            return {{}, QCoreApplication::translate("Parameters", "\"%1\" is not of the form name=value").arg(text)};
         }
         if (reading.values.contains(name)) {
-            return {{}, QStringLiteral("the parameter \"%1\" is given twice").arg(name)};
+            return {{}, QCoreApplication::translate("Parameters", "the parameter \"%1\" is given twice").arg(name)};
         }
         if (!names.isEmpty() && !declared.contains(name)) {
             return {{},
-                    QStringLiteral("the command \"%1\" has no parameter \"%2\"; it has: %3")
+                    QCoreApplication::translate("Parameters", "the command \"%1\" has no parameter \"%2\"; it has: %3")
                         .arg(command, name, names.join(QStringLiteral(", ")))};
         }
         const QString type = names.isEmpty() ? QStringLiteral("strg") : declared.value(name).value(c_type).toString();
         const std::optional<QVariant> value = readValue(type, text.mid(separator + 1));
         if (!value) {
             return {{},
-                    QStringLiteral("the parameter \"%1\" of \"%2\" takes %3, not \"%4\"")
+                    QCoreApplication::translate("Parameters", "the parameter \"%1\" of \"%2\" takes %3, not \"%4\"")
                         .arg(name, command, expected(type), text.mid(separator + 1))};
         }
         reading.values.insert(name, *value);
@@ -146,7 +147,7 @@ ParameterReading readParameters(const QJsonObject& description, const QStringLis
     for (const QString& name : qAsConst(names)) {
         if (!reading.values.contains(name) && !declared.value(name).contains(QLatin1String("default"))) {
             return {{},
-                    QStringLiteral("the command \"%1\" needs the parameter \"%2\": %3=%4")
+                    QCoreApplication::translate("Parameters", "the command \"%1\" needs the parameter \"%2\": %3=%4")
                         .arg(command, name, name, expected(declared.value(name).value(c_type).toString()))};
         }
     }

@@ -15,9 +15,9 @@ std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
     if (!context.arguments.isEmpty()) {
         *problem = {Problem::Kind::Usage,
                     QStringLiteral("command line"),
-                    QStringLiteral("the list of ports takes no argument \"%1\"").arg(context.arguments.first()),
+                    PortsCommand::tr("the list of ports takes no argument \"%1\"").arg(context.arguments.first()),
                     {},
-                    QStringLiteral("see app_workplace ports --help")};
+                    PortsCommand::tr("see app_workplace ports --help")};
         return nullptr;
     }
     return std::make_unique<PortsCommand>(context);
@@ -39,17 +39,14 @@ QString lastingName(const QString& port)
 
 CliEntry PortsCommand::entry()
 {
-    return {QStringLiteral("ports"), {}, QStringLiteral("Lists the serial ports of this machine."), {}, &make};
+    return {QStringLiteral("ports"), {}, tr("Lists the serial ports of this machine."), {}, &make};
 }
 
 PortsCommand::PortsCommand(const CliContext& context) : CliCommand(context) {}
 
 void PortsCommand::start()
 {
-    TextTable table({{QStringLiteral("port")},
-                     {QStringLiteral("usable")},
-                     {QStringLiteral("lasting name")},
-                     {QStringLiteral("description")}});
+    TextTable table({{tr("port")}, {tr("usable")}, {tr("lasting name")}, {tr("description")}});
     const QList<QSerialPortInfo> ports = QSerialPortInfo::availablePorts();
     for (const QSerialPortInfo& port : ports) {
         const QFileInfo file(port.systemLocation());
@@ -62,12 +59,12 @@ void PortsCommand::start()
                               {QStringLiteral("lastingName"), name},
                               {QStringLiteral("description"), port.description()}});
         } else {
-            table.addRow({port.systemLocation(), isUsable ? QStringLiteral("yes") : QStringLiteral("no right"),
+            table.addRow({port.systemLocation(), isUsable ? tr("yes") : tr("no right"),
                           name.isEmpty() ? QStringLiteral("-") : name, port.description()});
         }
     }
     if (ports.isEmpty()) {
-        m_console.message(QStringLiteral("This machine has no serial port; plug the adapter in and call this again."));
+        m_console.notice(tr("This machine has no serial port; plug the adapter in and call this again."));
     } else if (!m_console.isJson()) {
         const QStringList lines = table.lines();
         for (const QString& line : lines) {

@@ -2,6 +2,7 @@
 
 #include <lib_plugins_management/d_abstract_plugin.h>
 
+#include "../services/step_name.h"
 #include "number_options.h"
 #include "parameters.h"
 
@@ -21,13 +22,13 @@ Problem wrongUse(const QString& what, const QString& mend)
 std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
 {
     if (context.arguments.isEmpty()) {
-        *problem = wrongUse(QStringLiteral("no command of a plugin is named"),
-                            QStringLiteral("\"app_workplace commands\" lists them"));
+        *problem = wrongUse(RunCommand::tr("no command of a plugin is named"),
+                            RunCommand::tr("\"app_workplace commands\" lists them"));
         return nullptr;
     }
     if (context.options.isSet(c_connectOption) && context.settings.wrench().isEmpty()) {
-        *problem = wrongUse(QStringLiteral("which wrench is to be connected is not said"),
-                            QStringLiteral("give its serial number with --serial-id"));
+        *problem = wrongUse(RunCommand::tr("which wrench is to be connected is not said"),
+                            RunCommand::tr("give its serial number with --serial-id"));
         return nullptr;
     }
     const int limitMs = secondsOption(context.options, QStringLiteral("limit"), 1, problem);
@@ -38,16 +39,15 @@ std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
 
 CliEntry RunCommand::entry()
 {
-    return {
-        QStringLiteral("run"),
-        QStringLiteral("[driver/]COMMAND [name=value …]"),
-        QStringLiteral("Runs one command of a plugin; \"app_workplace commands COMMAND\" tells its parameters."),
-        {{c_connectOption, QStringLiteral("First connects to the wrench and gets it ready, as a session does.")},
-         {QStringLiteral("limit"),
-          QStringLiteral("Ends the run after so long (30 when not said; none for a command that runs until stopped)."),
-          QStringLiteral("SECONDS")}},
-        &make,
-        true};
+    return {QStringLiteral("run"),
+            tr("[driver/]COMMAND [name=value …]"),
+            tr("Runs one command of a plugin; \"app_workplace commands COMMAND\" tells its parameters."),
+            {{c_connectOption, tr("First connects to the wrench and gets it ready, as a session does.")},
+             {QStringLiteral("limit"),
+              tr("Ends the run after so long (30 when not said; none for a command that runs until stopped)."),
+              QStringLiteral("SECONDS")}},
+            &make,
+            true};
 }
 
 RunCommand::RunCommand(const CliContext& context, int limitMs)
@@ -83,20 +83,20 @@ void RunCommand::interrupt()
 std::optional<Problem> RunCommand::check()
 {
     if (!m_target.isEmpty() && m_target != c_driver) {
-        return wrongUse(QStringLiteral("\"%1/\" names nobody that runs commands").arg(m_target),
-                        QStringLiteral("write \"driver/%1\" or only \"%1\"").arg(m_command));
+        return wrongUse(tr("\"%1/\" names nobody that runs commands").arg(m_target),
+                        tr("write \"driver/%1\" or only \"%1\"").arg(m_command));
     }
     m_root = m_target.isEmpty() ? m_workplace.rootWith(m_command, Workplace::Role::Device) : nullptr;
     if (m_root == nullptr) {
         m_root = m_workplace.rootWith(m_command, Workplace::Role::Driver);
     }
     if (m_root == nullptr) {
-        return wrongUse(QStringLiteral("no loaded plugin has the command \"%1\"").arg(m_command),
-                        QStringLiteral("\"app_workplace commands\" lists what there is"));
+        return wrongUse(tr("no loaded plugin has the command \"%1\"").arg(m_command),
+                        tr("\"app_workplace commands\" lists what there is"));
     }
     const ParameterReading reading = readParameters(m_root->getFunctionDescription(m_command), m_parameters);
     if (!reading.error.isEmpty()) {
-        return wrongUse(reading.error, QStringLiteral("\"app_workplace commands %1\" tells more").arg(m_command));
+        return wrongUse(reading.error, tr("\"app_workplace commands %1\" tells more").arg(m_command));
     }
     m_values = reading.values;
     // Some commands read the serial number without declaring it.
@@ -123,9 +123,9 @@ void RunCommand::begin()
     } else if (device == nullptr) {
         fail({Problem::Kind::SetUp,
               QStringLiteral("run"),
-              QStringLiteral("no loaded plugin can connect to a wrench"),
+              tr("no loaded plugin can connect to a wrench"),
               {},
-              QStringLiteral("name the folder of the plugins with --plugins")});
+              tr("name the folder of the plugins with --plugins")});
     } else {
         connectWrench(*device);
     }
@@ -137,8 +137,9 @@ void RunCommand::connectWrench(const DAbstractPlugin& device)
     order.serialId = m_settings.wrench();
     order.listens = false;
     m_session = std::make_unique<Session>(wrench(device), order);
-    connect(m_session.get(), &Session::sigStepStarted, this,
-            [this](Session::Step step) { m_console.progress(QStringLiteral("%1 …").arg(textOf(step).name)); });
+    connect(m_session.get(), &Session::sigStepStarted, this, [this](Session::Step step) {
+        m_console.progress(QStringLiteral("%1 …").arg(shownStep(textOf(step).name)));
+    });
     connect(m_session.get(), &Session::sigReady, this, &RunCommand::execute);
     connect(m_session.get(), &Session::sigFailed, this, [this](const Problem& problem) {
         m_exitStatus = problem.exitStatus();
@@ -170,7 +171,7 @@ void RunCommand::driverChanged(const QString& property, const QVariant& value)
         m_wasConnected = true;
     } else if (m_run != nullptr && property == QLatin1String("lineError") && !value.toString().isEmpty()) {
         if (isEndless() && m_wasConnected) {
-            m_console.message(QStringLiteral("link: %1").arg(value.toString()));
+            m_console.message(QStringLiteral("%1: %2").arg(shownStep(QStringLiteral("link")), value.toString()));
         } else {
             m_lineFailure = value.toString();
             m_run->stop();
@@ -216,30 +217,26 @@ void RunCommand::show(const QMap<QString, QVariant>& values)
 void RunCommand::ended()
 {
     const QVariantMap results = m_run->results();
-    Problem problem{Problem::Kind::Device,
-                    QStringLiteral("run"),
-                    QStringLiteral("the command \"%1\" did not succeed").arg(m_command),
-                    {},
-                    {}};
+    Problem problem{
+        Problem::Kind::Device, QStringLiteral("run"), tr("the command \"%1\" did not succeed").arg(m_command), {}, {}};
     bool isDone = false;
     switch (m_run->outcome()) {
     case DOrder::Outcome::TimedOut:
-        problem.cause = QStringLiteral("it was ended by the time limit");
-        problem.mend = QStringLiteral("give more time with --limit, and check that the wrench is connected");
+        problem.cause = tr("it was ended by the time limit");
+        problem.mend = tr("give more time with --limit, and check that the wrench is connected");
         break;
     case DOrder::Outcome::Stopped:
         isDone = !m_run->stopCommandName().isEmpty(); // that is how it ends
-        problem.cause = QStringLiteral("it was interrupted");
+        problem.cause = tr("it was interrupted");
         break;
     case DOrder::Outcome::Refused:
     case DOrder::Outcome::Gone:
     case DOrder::Outcome::None:
-        problem.cause = QStringLiteral("the plugin refused it");
+        problem.cause = tr("the plugin refused it");
         break;
     case DOrder::Outcome::Finished:
         isDone = results.value(QStringLiteral("cmd_success"), true).toBool();
-        problem.cause =
-            results.value(QStringLiteral("error"), QStringLiteral("the device said no or did not answer")).toString();
+        problem.cause = results.value(QStringLiteral("error"), tr("the device said no or did not answer")).toString();
         break;
     }
     if (!m_lineFailure.isEmpty()) {

@@ -18,9 +18,9 @@ std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
     if (!context.arguments.isEmpty()) {
         *problem = {Problem::Kind::Usage,
                     QStringLiteral("command line"),
-                    QStringLiteral("a scan takes no argument \"%1\"").arg(context.arguments.first()),
+                    ScanCommand::tr("a scan takes no argument \"%1\"").arg(context.arguments.first()),
                     {},
-                    QStringLiteral("see app_workplace scan --help")};
+                    ScanCommand::tr("see app_workplace scan --help")};
         return nullptr;
     }
     const int durationMs = secondsOption(context.options, QStringLiteral("duration"), 0, problem);
@@ -32,14 +32,13 @@ std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
 
 CliEntry ScanCommand::entry()
 {
-    return {
-        QStringLiteral("scan"),
-        {},
-        QStringLiteral("Lists the wrenches in range, the strongest signal first."),
-        {{QStringLiteral("duration"), QStringLiteral("Ends after so long (5 when not said); 0: goes on until Ctrl-C."),
-          QStringLiteral("SECONDS")}},
-        &make,
-        true};
+    return {QStringLiteral("scan"),
+            {},
+            tr("Lists the wrenches in range, the strongest signal first."),
+            {{QStringLiteral("duration"), tr("Ends after so long (5 when not said); 0: goes on until Ctrl-C."),
+              QStringLiteral("SECONDS")}},
+            &make,
+            true};
 }
 
 ScanCommand::ScanCommand(const CliContext& context, int durationMs) : WorkplaceCommand(context)
@@ -62,9 +61,9 @@ std::optional<Problem> ScanCommand::check()
     }
     return Problem{Problem::Kind::SetUp,
                    QStringLiteral("scan"),
-                   QStringLiteral("no loaded plugin can scan"),
+                   tr("no loaded plugin can scan"),
                    {},
-                   QStringLiteral("name the folder of the plugins with --plugins")};
+                   tr("name the folder of the plugins with --plugins")};
 }
 
 void ScanCommand::begin()
@@ -80,7 +79,7 @@ void ScanCommand::begin()
                     end();
                 }
             });
-    m_console.progress(QStringLiteral("searching …"));
+    m_console.progress(tr("searching …"));
     m_detection = m_workplace.host().createOrder(device, c_detectionCommand);
     connect(m_detection.get(), &DOrder::sigResultsPublished, this, [this](const QMap<QString, QVariant>& values) {
         show(HeardWrenches::strongestFirst(values.value(QStringLiteral("lastResults")).toList()));
@@ -100,17 +99,13 @@ void ScanCommand::tellEnd()
 {
     m_console.progress({});
     if (!m_lineFailure.isEmpty()) {
-        fail({Problem::Kind::SetUp,
-              QStringLiteral("scan"),
-              QStringLiteral("the line is not usable"),
-              m_lineFailure,
-              {}});
+        fail({Problem::Kind::SetUp, QStringLiteral("scan"), tr("the line is not usable"), m_lineFailure, {}});
     } else if (m_shown.isEmpty()) {
         fail({Problem::Kind::Device,
               QStringLiteral("scan"),
-              QStringLiteral("no wrench was heard"),
+              tr("no wrench was heard"),
               {},
-              QStringLiteral("switch the wrench on, bring it near, and check the port")});
+              tr("switch the wrench on, bring it near, and check the port")});
     } else {
         if (!m_console.isJson() && !m_console.isTerminal()) {
             m_shownLines = -1; // the one list that is shown where lines cannot be taken back
@@ -135,8 +130,7 @@ void ScanCommand::show(const QVariantList& wrenches)
     if (!m_console.isTerminal() && !isLast) {
         return;
     }
-    TextTable table(
-        {{QStringLiteral("serial number")}, {QStringLiteral("address")}, {QStringLiteral("signal (dBm)"), true}});
+    TextTable table({{tr("serial number")}, {tr("address")}, {tr("signal (dBm)"), true}});
     for (const QVariant& wrench : wrenches) {
         const QVariantMap fields = wrench.toMap();
         table.addRow({fields.value(QStringLiteral("sn")).toString(), fields.value(QStringLiteral("mac")).toString(),

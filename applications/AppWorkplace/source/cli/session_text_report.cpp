@@ -40,9 +40,9 @@ SessionTextReport::SessionTextReport(Console& console, const QString& serialId)
 
 void SessionTextReport::opened(const QString& port, bool isSimulated)
 {
-    m_console.line(QStringLiteral("Session with the wrench %1 on %2%3")
-                       .arg(Console::visible(m_serialId), Console::visible(port),
-                            isSimulated ? QStringLiteral(" (simulated)") : QString()));
+    m_console.detail(QStringLiteral("Session with the wrench %1 on %2%3")
+                         .arg(Console::visible(m_serialId), Console::visible(port),
+                              isSimulated ? QStringLiteral(" (simulated)") : QString()));
 }
 
 void SessionTextReport::stepStarted(Session::Step started)
@@ -115,7 +115,7 @@ void SessionTextReport::selected(int program, const QVariantMap& preset)
 void SessionTextReport::result(const QVariantMap& eventData)
 {
     if (m_shown == 0) {
-        m_console.line({});
+        m_console.detail({});
         m_console.line(m_console.strong(m_results.titleLine()));
     }
     ++m_shown;
@@ -132,6 +132,9 @@ void SessionTextReport::link(bool isConnected, const QString& state, const QStri
 {
     if (!isConnected) {
         m_isLineInTrouble = true;
+        if (m_console.isQuiet()) {
+            m_console.message(stepLine(QStringLiteral("link"), QStringLiteral("%1: %2").arg(state, message)).trimmed());
+        }
         step(QStringLiteral("link"), QStringLiteral("%1: %2").arg(state, message));
     } else if (m_isLineInTrouble) { // the first time it is a step of its own
         m_isLineInTrouble = false;
@@ -160,12 +163,12 @@ void SessionTextReport::summary(const SessionSummary& summary)
         // What the plugin records without a selection is the end of its walk through the list.
         line += m_isSelected ? QString() : QStringLiteral(" (the last one listed; none was selected)");
     }
-    m_console.line(m_console.strong(line));
+    m_console.detail(m_console.strong(line));
 }
 
 void SessionTextReport::step(const QString& name, const QString& text)
 {
-    m_console.line(stepLine(name, text));
+    m_console.detail(stepLine(name, text));
 }
 
 QString SessionTextReport::stepLine(const QString& name, const QString& text)

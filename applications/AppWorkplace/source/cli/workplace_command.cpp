@@ -7,7 +7,9 @@
 WorkplaceCommand::WorkplaceCommand(const CliContext& context) : CliCommand(context), m_workplace(context.settings)
 {
     // Each of these commands says itself what is wrong with the line.
-    QLoggingCategory::setFilterRules(QStringLiteral("workplace.driver_serial.line.warning=false"));
+    if (!m_settings.isVerbose) {
+        QLoggingCategory::setFilterRules(QStringLiteral("workplace.driver_serial.line.warning=false"));
+    }
     connect(&m_workplace, &Workplace::sigOpened, this, [this] { begin(); });
     connect(&m_workplace, &Workplace::sigFailed, this, &WorkplaceCommand::workplaceFailed);
     connect(&m_workplace, &Workplace::sigNotice, this, [this](const QString& text) { m_console.message(text); });
@@ -19,6 +21,8 @@ void WorkplaceCommand::start()
     for (const DPluginRefusal& refusal : m_workplace.plugins().refusals()) {
         m_console.message(refusal.message());
     }
+    m_console.remark(
+        tr("plugins from %1: %2").arg(Workplace::pluginFolder(m_settings), pluginNames().join(QStringLiteral(", "))));
     if (!problem) {
         problem = check();
     }
@@ -27,6 +31,15 @@ void WorkplaceCommand::start()
         return;
     }
     m_workplace.open();
+}
+
+QStringList WorkplaceCommand::pluginNames() const
+{
+    QStringList names;
+    for (const DAbstractPlugin* root : m_workplace.plugins().roots()) {
+        names.append(QString::fromUtf8(root->pluginName()));
+    }
+    return names;
 }
 
 std::optional<Problem> WorkplaceCommand::check()

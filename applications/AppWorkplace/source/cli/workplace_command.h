@@ -28,4 +28,7 @@ protected:
     QString lineError() const;
 
     Workplace m_workplace;
+
+private:
+    QStringList pluginNames() const;
 };

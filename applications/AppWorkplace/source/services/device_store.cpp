@@ -1,5 +1,6 @@
 #include "device_store.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -30,8 +31,9 @@ bool DeviceStore::load(QString* cause)
     QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(input.readAll(), &error);
     if (!document.isObject()) {
-        *cause =
-            error.error == QJsonParseError::NoError ? QStringLiteral("it holds no JSON object") : error.errorString();
+        *cause = error.error == QJsonParseError::NoError
+                     ? QCoreApplication::translate("DeviceStore", "it holds no JSON object")
+                     : error.errorString();
         return false;
     }
     *m_configuration = document.object();

@@ -1,5 +1,6 @@
 #include "heard_wrenches.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 
 namespace {
@@ -45,12 +46,14 @@ QString HeardWrenches::whyNot(const QString& serialId) const
     for (const QVariant& wrench : heard) {
         const QVariantMap fields = wrench.toMap();
         if (fields.value(c_serialKey) == serialId) {
-            return QStringLiteral("the wrench %1 was heard, but the link to it did not come about").arg(serialId);
+            return QCoreApplication::translate("HeardWrenches",
+                                               "the wrench %1 was heard, but the link to it did not come about")
+                .arg(serialId);
         }
-        others.append(QStringLiteral("%1 (%2 dBm)")
+        others.append(QCoreApplication::translate("HeardWrenches", "%1 (%2 dBm)")
                           .arg(fields.value(c_serialKey).toString(), fields.value(c_strengthKey).toString()));
     }
-    return others.isEmpty() ? QStringLiteral("no wrench was heard")
-                            : QStringLiteral("the wrench %1 was not heard, only %2")
+    return others.isEmpty() ? QCoreApplication::translate("HeardWrenches", "no wrench was heard")
+                            : QCoreApplication::translate("HeardWrenches", "the wrench %1 was not heard, only %2")
                                   .arg(serialId, others.join(QStringLiteral(", ")));
 }

@@ -14,7 +14,7 @@ struct Problem
     };
 
     Kind kind = Kind::Device;
-    QString step;  ///< what was being done: "connect"
+    QString step;  ///< what was being done: "connect"; for people see shownStep()
     QString what;  ///< the thing and what is wrong with it
     QString cause; ///< why, in the device's own words where there are any; may be empty
     QString mend;  ///< what to do; may be empty
@@ -22,15 +22,5 @@ struct Problem
     int exitStatus() const { return int(kind); }
 
     /// For people: what, and on lines of their own why and what to do.
-    QStringList lines() const
-    {
-        QStringList lines{QStringLiteral("%1: %2").arg(step, what)};
-        if (!cause.isEmpty()) {
-            lines.append(QStringLiteral("  why: ") + cause);
-        }
-        if (!mend.isEmpty()) {
-            lines.append(QStringLiteral("  do:  ") + mend);
-        }
-        return lines;
-    }
+    QStringList lines() const;
 };

@@ -24,16 +24,15 @@ SimulatorProcess::SimulatorProcess(QObject* parent) : QObject(parent)
     });
     connect(&m_process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart) {
-            Q_EMIT sigFailed(QStringLiteral("%1 does not start: %2").arg(m_process.program(), m_process.errorString()));
+            Q_EMIT sigFailed(tr("%1 does not start: %2").arg(m_process.program(), m_process.errorString()));
         }
     });
     connect(&m_process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), this,
             [this](int exitStatus, QProcess::ExitStatus how) {
                 const QString end = how == QProcess::CrashExit
-                                        ? QStringLiteral("its process crashed or was killed")
-                                        : QStringLiteral("its process ended with the exit status %1").arg(exitStatus);
-                Q_EMIT sigFailed(m_lastWords.isEmpty() ? end
-                                                       : QStringLiteral("%1 and the words: %2").arg(end, m_lastWords));
+                                        ? tr("its process crashed or was killed")
+                                        : tr("its process ended with the exit status %1").arg(exitStatus);
+                Q_EMIT sigFailed(m_lastWords.isEmpty() ? end : tr("%1 and the words: %2").arg(end, m_lastWords));
             });
 }
 
@@ -57,9 +56,8 @@ void SimulatorProcess::start(const QString& serialId)
     }
     QTimer::singleShot(c_readyLimitMs, this, [this] {
         if (!m_isReady) {
-            Q_EMIT sigFailed(QStringLiteral("%1 has not said within %2 s that it is ready")
-                                 .arg(m_process.program())
-                                 .arg(c_readyLimitMs / 1000));
+            Q_EMIT sigFailed(
+                tr("%1 has not said within %2 s that it is ready").arg(m_process.program()).arg(c_readyLimitMs / 1000));
         }
     });
     m_process.start(QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("wrench_simulator")),

@@ -10,6 +10,8 @@
 #include <lib_plugins_management/d_abstract_plugin.h>
 
 #include "driver_settings.h"
+#include "language.h"
+#include "translations.h"
 
 namespace {
 
@@ -68,13 +70,13 @@ QString Workplace::dataFolder(const Settings& settings)
 std::optional<Problem> Workplace::loadPlugins()
 {
     m_plugins.loadFolder(pluginFolder(m_settings));
+    translations::install(language::choose(m_settings).name);
     for (const Role role : {Role::Driver, Role::Device}) {
         if (rootsOf(role).isEmpty()) {
             return Problem{Problem::Kind::SetUp, QStringLiteral("open"),
-                           role == Role::Driver ? QStringLiteral("there is no driver plugin")
-                                                : QStringLiteral("there is no device plugin"),
-                           QStringLiteral("none could be loaded from %1").arg(pluginFolder(m_settings)),
-                           QStringLiteral("name the folder of the plugins with --plugins")};
+                           role == Role::Driver ? tr("there is no driver plugin") : tr("there is no device plugin"),
+                           tr("none could be loaded from %1").arg(pluginFolder(m_settings)),
+                           tr("name the folder of the plugins with --plugins")};
         }
     }
     return checkDriverSettings(*rootsOf(Role::Driver).constFirst(), m_settings);
@@ -121,10 +123,10 @@ void Workplace::open()
     connect(m_simulator.get(), &SimulatorProcess::sigReady, this, &Workplace::makeInstances);
     connect(m_simulator.get(), &SimulatorProcess::sigFailed, this, [this](const QString& cause) {
         if (m_portInUse.isEmpty()) {
-            fail(QStringLiteral("the simulated wrench is not there"), cause,
-                 QStringLiteral("build or install wrench_simulator beside this program, or name a port with --port"));
+            fail(tr("the simulated wrench is not there"), cause,
+                 tr("build or install wrench_simulator beside this program, or name a port with --port"));
         } else {
-            fail(QStringLiteral("the simulated wrench has gone"), cause, QStringLiteral("start again"));
+            fail(tr("the simulated wrench has gone"), cause, tr("start again"));
         }
     });
     m_simulator->start(m_settings.serialId);
@@ -135,8 +137,8 @@ void Workplace::makeInstances(const QString& port)
     m_portInUse = port;
     QString cause;
     if (!m_store.load(&cause)) {
-        fail(QStringLiteral("the device's stored state %1 is not used").arg(m_store.file()), cause,
-             QStringLiteral("move it away, or name another folder with --data"));
+        fail(tr("the device's stored state %1 is not used").arg(m_store.file()), cause,
+             tr("move it away, or name another folder with --data"));
         return;
     }
     QJsonObject section = m_settings.driver;
@@ -153,8 +155,7 @@ void Workplace::makeInstances(const QString& port)
         m_devices.append(m_host.createInstance(*root, QUuid::createUuid(), m_store.configuration()));
     }
     if (m_driver == nullptr || m_devices.contains(nullptr)) {
-        fail(QStringLiteral("a plugin makes no instance for this workplace"), {},
-             QStringLiteral("name another folder with --plugins"));
+        fail(tr("a plugin makes no instance for this workplace"), {}, tr("name another folder with --plugins"));
         return;
     }
     for (const DAbstractPlugin* device : qAsConst(m_devices)) {
@@ -173,8 +174,7 @@ void Workplace::saveDevice()
     m_saveIsDue = false;
     QString cause;
     if (!m_store.save(&cause)) {
-        Q_EMIT sigNotice(
-            QStringLiteral("the device's state cannot be stored in %1: %2; name another folder with --data")
-                .arg(m_store.file(), cause));
+        Q_EMIT sigNotice(tr("the device's state cannot be stored in %1: %2; name another folder with --data")
+                             .arg(m_store.file(), cause));
     }
 }

@@ -1,0 +1,23 @@
+#include "step_name.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+// What the translators are to know; a step that is not here is shown as it is.
+[[maybe_unused]] constexpr const char* c_steps[] = {
+    QT_TRANSLATE_NOOP("Step", "open"),         QT_TRANSLATE_NOOP("Step", "connect"),
+    QT_TRANSLATE_NOOP("Step", "configure"),    QT_TRANSLATE_NOOP("Step", "programs"),
+    QT_TRANSLATE_NOOP("Step", "select"),       QT_TRANSLATE_NOOP("Step", "unlock"),
+    QT_TRANSLATE_NOOP("Step", "listen"),       QT_TRANSLATE_NOOP("Step", "link"),
+    QT_TRANSLATE_NOOP("Step", "session"),      QT_TRANSLATE_NOOP("Step", "scan"),
+    QT_TRANSLATE_NOOP("Step", "run"),          QT_TRANSLATE_NOOP("Step", "commands"),
+    QT_TRANSLATE_NOOP("Step", "command line"), QT_TRANSLATE_NOOP("Step", "configuration"),
+};
+
+} // namespace
+
+QString shownStep(const QString& step)
+{
+    return QCoreApplication::translate("Step", step.toUtf8().constData());
+}
