@@ -1,0 +1,16 @@
+import QtQuick 2.15
+
+// A drawing of our own, by its name: the file of that name among the icons. It keeps its shape and is drawn anew at each
+// size.
+Item {
+    id: glyph
+
+    property string name
+
+    Image {
+        anchors.fill: parent
+        fillMode: Image.PreserveAspectFit
+        source: glyph.name === "" ? "" : "../icons/" + glyph.name + ".svg"
+        sourceSize: Qt.size(Math.max(1, width), Math.max(1, height))
+    }
+}
