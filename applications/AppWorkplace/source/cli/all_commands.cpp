@@ -3,12 +3,13 @@
 #include "commands_command.h"
 #include "config_command.h"
 #include "ports_command.h"
+#include "results_command.h"
 #include "run_command.h"
 #include "scan_command.h"
 #include "session_command.h"
 
 QList<CliEntry> allCommands()
 {
-    return {SessionCommand::entry(),  ScanCommand::entry(),  RunCommand::entry(),
-            CommandsCommand::entry(), PortsCommand::entry(), ConfigCommand::entry()};
+    return {SessionCommand::entry(),  ResultsCommand::entry(), ScanCommand::entry(),  RunCommand::entry(),
+            CommandsCommand::entry(), PortsCommand::entry(),   ConfigCommand::entry()};
 }

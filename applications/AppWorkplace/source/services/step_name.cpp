@@ -13,6 +13,7 @@ namespace {
     QT_TRANSLATE_NOOP("Step", "session"),      QT_TRANSLATE_NOOP("Step", "scan"),
     QT_TRANSLATE_NOOP("Step", "run"),          QT_TRANSLATE_NOOP("Step", "commands"),
     QT_TRANSLATE_NOOP("Step", "command line"), QT_TRANSLATE_NOOP("Step", "configuration"),
+    QT_TRANSLATE_NOOP("Step", "history"),      QT_TRANSLATE_NOOP("Step", "export"),
 };
 
 } // namespace
