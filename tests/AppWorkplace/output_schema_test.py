@@ -7,6 +7,7 @@ import copy
 import json
 import subprocess
 import sys
+import tempfile
 import unittest
 
 import jsonschema
@@ -29,7 +30,13 @@ RUNS = [
     (["commands", "nothing"], 2),
     (["ports"], 0),
     (["config"], 0),
+    (["results"], 0),
+    (["results", "--last", "1"], 0),
+    (["results", "--status", "perhaps"], 2),
 ]
+
+# Where the runs keep their history.
+DATA = tempfile.TemporaryDirectory()
 
 with open(SCHEMA_FILE, encoding="utf-8") as schema_file:
     SCHEMA = json.load(schema_file)
@@ -38,8 +45,13 @@ EVENTS = {definition["properties"]["event"]["const"]: definition
           for name, definition in SCHEMA["$defs"].items() if name.startswith("event-")}
 
 
+def run(arguments):
+    return subprocess.run([PROGRAM, "--json", "--data", DATA.name, *arguments], capture_output=True, text=True,
+                          timeout=LIMIT_S, check=False)
+
+
 # What a line may leave out: a session without a known program, a scan that is no session's.
-OPTIONAL = {"summary": {"progId"}, "scan": {"serialId"}}
+OPTIONAL = {"summary": {"progId"}, "scan": {"serialId"}, "totals": {"file"}}
 
 
 class OutputTest(unittest.TestCase):
@@ -47,8 +59,7 @@ class OutputTest(unittest.TestCase):
     def setUpClass(cls):
         cls.runs = []
         for arguments, status in RUNS:
-            done = subprocess.run([PROGRAM, "--json", *arguments], capture_output=True, text=True, timeout=LIMIT_S,
-                                  check=False)
+            done = run(arguments)
             cls.runs.append((arguments, status, done))
         cls.objects = [json.loads(line) for _, _, done in cls.runs for line in done.stdout.splitlines()]
 
@@ -68,7 +79,7 @@ class OutputTest(unittest.TestCase):
 
     def test_every_event_is_seen(self):
         seen = {each["event"] for each in self.objects}
-        optional = {"port"}  # a machine may have none
+        optional = {"port", "gap", "repeat"}  # a machine may have no port, and a good day no gap
         self.assertEqual(seen | optional, set(EVENTS))
 
     def test_a_failure_is_told_as_an_error(self):
@@ -85,6 +96,11 @@ class OutputTest(unittest.TestCase):
             self.assertEqual(len(result["eventData"]), 9)
             self.assertIsInstance(result["eventData"]["readingStatus"], str)
 
+    def test_stored_results_are_those_that_were_told(self):
+        told = [each["eventData"] for each in self.objects if each["event"] == "result"]
+        stored = [each["entry"]["eventData"] for each in self.objects if each["event"] == "stored"]
+        self.assertEqual(stored, told + told[-1:])  # listed whole, and the last one once more
+
     def test_the_selected_program_is_recorded(self):
         selected = [each["eventData"]["progId"] for each in self.objects if each["event"] == "result"][:3]
         self.assertEqual(selected, [2, 2, 2])
@@ -96,11 +112,10 @@ class SchemaTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         arguments = [["session", "--count", "1", "--program", "2"], ["session", "--program", "9"], ["commands"],
-                     ["run", "checkSerialId"], ["config"]]
+                     ["run", "checkSerialId"], ["config"], ["results"]]
         cls.samples = {}
         for each in arguments:
-            done = subprocess.run([PROGRAM, "--json", *each], capture_output=True, text=True, timeout=LIMIT_S,
-                                  check=False)
+            done = run(each)
             for line in done.stdout.splitlines():
                 cls.samples.setdefault(json.loads(line)["event"], json.loads(line))
 

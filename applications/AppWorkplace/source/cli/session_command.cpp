@@ -65,7 +65,10 @@ CliEntry SessionCommand::entry()
 }
 
 SessionCommand::SessionCommand(const CliContext& context, const SessionOrder& order)
-    : WorkplaceCommand(context), m_order(order), m_report(SessionReport::make(context.console, order.serialId))
+    : WorkplaceCommand(context)
+    , m_order(order)
+    , m_report(SessionReport::make(context.console, order.serialId))
+    , m_store(Workplace::dataFolder(context.settings))
 {}
 
 void SessionCommand::interrupt()
@@ -99,13 +102,25 @@ std::optional<Problem> SessionCommand::check()
 {
     m_device = m_workplace.rootWith(c_listenCommand, Workplace::Role::Device);
     if (m_device != nullptr) {
-        return std::nullopt;
+        return openHistory();
     }
     return Problem{Problem::Kind::SetUp,
                    QStringLiteral("session"),
                    QStringLiteral("no loaded plugin has the command \"%1\"").arg(c_listenCommand),
                    {},
                    QStringLiteral("name the folder of the plugins with --plugins")};
+}
+
+std::optional<Problem> SessionCommand::openHistory()
+{
+    if (const std::optional<Problem> problem = m_store.openToWrite()) {
+        return problem;
+    }
+    const QString device = m_settings.isSimulated() ? QStringLiteral("simulated") : m_settings.port;
+    m_recorder = std::make_unique<ResultRecorder>(
+        m_store, ResultRecorder::Origin{m_order.serialId, device, QLatin1String(m_device->pluginName())});
+    // A simulated wrench is made anew for each command, and so is its count.
+    return m_settings.isSimulated() ? std::nullopt : m_recorder->continueCount();
 }
 
 void SessionCommand::begin()
@@ -117,6 +132,7 @@ void SessionCommand::begin()
     m_report->opened(m_workplace.portInUse(), m_settings.isSimulated());
     connect(session, &Session::sigStepStarted, this, [this](Session::Step step) {
         m_hasListened = step == Session::Step::Listen;
+        m_recorder->forgetChunk();
         m_report->stepStarted(step);
     });
     connect(session, &Session::sigStepDone, this, [this](Session::Step step, qint64 elapsedMs) {
@@ -129,21 +145,51 @@ void SessionCommand::begin()
             [this](const QVariantList& programs) { m_report->programs(programs); });
     connect(session, &Session::sigSelected, this,
             [this](int program, const QVariantMap& preset) { m_report->selected(program, preset); });
-    connect(session, &Session::sigResult, this, [this](const TighteningResult& result) {
-        m_report->result(result.eventData);
-        interruptWhenUnread();
-    });
     connect(session, &Session::sigLink, this, [this](bool isConnected, const QString& state, const QString& message) {
         m_report->link(isConnected, state, message);
     });
     connect(session, &Session::sigFailed, this, [this](const Problem& problem) {
+        m_hasFailed = true;
         m_exitStatus = problem.exitStatus();
         m_report->failed();
         tell(problem);
     });
-    connect(session, &Session::sigFinished, this, [this](const SessionSummary& summary) {
-        m_report->summary(summary);
-        Q_EMIT sigDone(m_exitStatus);
+    connect(session, &Session::sigFinished, this, &SessionCommand::finish);
+    record();
+}
+
+// Between the session and the report: what is shown is stored.
+void SessionCommand::record()
+{
+    ResultRecorder* recorder = m_recorder.get();
+    connect(m_session.get(), &Session::sigResult, this, [this](const TighteningResult& result) {
+        if (!m_recorder->take(result)) {
+            m_session->discount(result);
+        }
     });
-    session->start();
+    connect(m_session.get(), &Session::sigChunk, recorder, &ResultRecorder::takeChunk);
+    connect(recorder, &ResultRecorder::sigResult, this, [this](const QVariantMap& eventData) {
+        m_report->result(eventData);
+        interruptWhenUnread();
+    });
+    connect(recorder, &ResultRecorder::sigNote, this, [this](const HistoryRecord& note) { m_report->note(note); });
+    connect(recorder, &ResultRecorder::sigFailed, m_session.get(), &Session::fail);
+    m_session->start();
+}
+
+void SessionCommand::finish(SessionSummary summary)
+{
+    m_recorder->flush();
+    if (m_recorder->failure()) {
+        if (!m_hasFailed) { // it was ending when the last results could not be stored
+            m_exitStatus = m_recorder->failure()->exitStatus();
+            m_report->failed();
+            tell(*m_recorder->failure());
+        }
+        summary.end = SessionSummary::End::Failure;
+    }
+    summary.good = m_recorder->good();
+    summary.notGood = m_recorder->notGood();
+    m_report->summary(summary);
+    Q_EMIT sigDone(m_exitStatus);
 }

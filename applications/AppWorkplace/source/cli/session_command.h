@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "../history/history_store.h"
+#include "../history/result_recorder.h"
 #include "../services/session.h"
 #include "command_line.h"
 #include "session_report.h"
@@ -26,11 +28,17 @@ protected:
 
 private:
     void interruptWhenUnread();
+    std::optional<Problem> openHistory();
+    void record();
+    void finish(SessionSummary summary);
 
     SessionOrder m_order;
     const DAbstractPlugin* m_device = nullptr;
     std::unique_ptr<SessionReport> m_report;
+    HistoryStore m_store;
+    std::unique_ptr<ResultRecorder> m_recorder;
     std::unique_ptr<Session> m_session;
     bool m_hasListened = false;
+    bool m_hasFailed = false;
     int m_exitStatus = 0;
 };

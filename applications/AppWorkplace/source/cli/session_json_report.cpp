@@ -2,6 +2,7 @@
 
 #include <QJsonArray>
 
+#include "../history/history_format.h"
 #include "../services/verdict.h"
 
 namespace {
@@ -70,6 +71,11 @@ void SessionJsonReport::result(const QVariantMap& eventData)
 {
     write(QStringLiteral("result"), {{QStringLiteral("eventData"), QJsonObject::fromVariantMap(eventData)},
                                      {QStringLiteral("good"), isGood(eventData)}});
+}
+
+void SessionJsonReport::note(const HistoryRecord& note)
+{
+    write(history_format::nameOf(note.kind), {{QStringLiteral("entry"), history_format::toJson(note)}});
 }
 
 void SessionJsonReport::link(bool isConnected, const QString& state, const QString& message)

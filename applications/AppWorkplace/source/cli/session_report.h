@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "../history/history_record.h"
 #include "../services/session.h"
 #include "console.h"
 
@@ -18,6 +19,8 @@ public:
     virtual void programs(const QVariantList& programs) = 0;
     virtual void selected(int program, const QVariantMap& preset) = 0;
     virtual void result(const QVariantMap& eventData) = 0;
+    /// A gap or a repeat.
+    virtual void note(const HistoryRecord& note) = 0;
     virtual void link(bool isConnected, const QString& state, const QString& message) = 0;
     /// The problem itself is told beside the report.
     virtual void failed() = 0;

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 
 #include "../services/verdict.h"
+#include "results_report.h"
 
 namespace {
 
@@ -126,6 +127,11 @@ void SessionTextReport::result(const QVariantMap& eventData)
          text(eventData, "readingNumber"), text(eventData, "readingStatus"), text(eventData, "progId"),
          good ? QStringLiteral("good") : QStringLiteral("NOT GOOD")});
     m_console.line(good ? line : m_console.alarming(line));
+}
+
+void SessionTextReport::note(const HistoryRecord& note)
+{
+    m_console.line(m_console.alarming(stepLine(QStringLiteral("history"), historyNoteText(note))));
 }
 
 void SessionTextReport::link(bool isConnected, const QString& state, const QString& message)

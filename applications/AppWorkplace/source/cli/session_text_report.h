@@ -16,6 +16,7 @@ public:
     void programs(const QVariantList& programs) override;
     void selected(int program, const QVariantMap& preset) override;
     void result(const QVariantMap& eventData) override;
+    void note(const HistoryRecord& note) override;
     void link(bool isConnected, const QString& state, const QString& message) override;
     void failed() override;
     void summary(const SessionSummary& summary) override;

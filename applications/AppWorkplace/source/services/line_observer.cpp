@@ -58,6 +58,7 @@ void LineObserver::receive(const QByteArray& bytes, int chunk)
         }
     }
     keep(bytes.constData() + start, bytes.size() - start);
+    Q_EMIT sigChunkHeard(chunk);
 }
 
 void LineObserver::keep(const char* bytes, int size)

@@ -31,6 +31,8 @@ public:
 Q_SIGNALS:
     /// Each line, without its line end. chunk: the driver's number of the chunk that ended it.
     void sigLineHeard(const QByteArray& line, int chunk);
+    /// Each chunk of input, by the driver's number, after its lines.
+    void sigChunkHeard(int chunk);
     /// A wrench that a scan has heard.
     void sigWrenchHeard(const QString& address, const QString& serialId, const QString& signalStrength);
 

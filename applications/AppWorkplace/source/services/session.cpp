@@ -45,6 +45,11 @@ Session::Session(const LinkedDevice& wrench, const SessionOrder& order, QObject*
             });
     connect(&m_observer, &LineObserver::sigLineHeard, this,
             [this](const QByteArray& line, int chunk) { m_observed.add(line, chunk); });
+    connect(&m_observer, &LineObserver::sigChunkHeard, this, [this](int chunk) {
+        if (m_step == Step::Listen && !m_isEnding) {
+            Q_EMIT sigChunk(chunk);
+        }
+    });
     connect(&m_wrench.host, &DHost::sigPropertyChanged, this,
             [this](const DAbstractPlugin* plugin, const QString& name) {
                 if (plugin == &m_wrench.driver) {
@@ -77,6 +82,11 @@ void Session::fail(const Problem& problem)
         Q_EMIT sigFailed(problem);
         end(SessionSummary::End::Failure);
     }
+}
+
+void Session::discount(const TighteningResult& result)
+{
+    --(isGood(result.eventData) ? m_summary.good : m_summary.notGood);
 }
 
 void Session::begin(Step step)

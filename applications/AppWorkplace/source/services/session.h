@@ -41,6 +41,8 @@ public:
     void interrupt();
     /// The same, because of something outside the session.
     void fail(const Problem& problem);
+    /// From inside sigResult: it is a reading that was told before, and does not count.
+    void discount(const TighteningResult& result);
 
 Q_SIGNALS:
     void sigStepStarted(Session::Step step);
@@ -51,6 +53,8 @@ Q_SIGNALS:
     void sigPrograms(const QVariantList& programs);
     void sigSelected(int program, const QVariantMap& preset);
     void sigResult(const TighteningResult& result);
+    /// A chunk of input, by the driver's number, while the session listens and runs no command of its own.
+    void sigChunk(int number);
     /// The line's state while it is in use. message: what is wrong; empty: nothing.
     void sigLink(bool isConnected, const QString& state, const QString& message);
     /// A session that does not listen itself has come to where it would.
