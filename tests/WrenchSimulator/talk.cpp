@@ -114,5 +114,5 @@ void Talk::addFault(const char* text)
     QString error;
     const std::optional<Fault> fault = Fault::fromText(QLatin1String(text), &error);
     QVERIFY2(fault, qPrintable(error));
-    dongle.faults().add(*fault);
+    QVERIFY(dongle.faults().add(*fault));
 }

@@ -7,12 +7,12 @@ namespace {
 class NotedLine : public LineSwitch
 {
 public:
-    QString unplug() override
+    QString unplug(int, qint64) override
     {
         calls.append(QStringLiteral("unplug"));
         return refusal;
     }
-    QString replug() override
+    QString replug(qint64) override
     {
         calls.append(QStringLiteral("replug"));
         return refusal;
@@ -44,6 +44,9 @@ private Q_SLOTS:
     void wrenchesAreDescribedInOneLine();
     void rangeIsSwitched();
     void faultIsSetAndTakenAway();
+    void faultsAreCleared_data();
+    void faultsAreCleared();
+    void powerIsSwitched();
     void linkIsLost();
     void lineIsUnpluggedAndReplugged();
     void lineThatRefusesIsAnError();
@@ -118,8 +121,37 @@ void TestConsole::faultIsSetAndTakenAway()
     Talk talk;
     QCOMPARE(execute(talk, "fault err:8"), QStringLiteral("ok fault err:8"));
     QCOMPARE(talk.play("> ATH\n< ERR:8"), QString());
-    QCOMPARE(execute(talk, "fault none"), QStringLiteral("ok no faults"));
+    QCOMPARE(execute(talk, "fault list"), QStringLiteral("ok err:8 (struck 1 times)"));
+    QCOMPARE(execute(talk, "fault off err:8"), QStringLiteral("ok fault off err:8"));
     QCOMPARE(talk.play("> ATH\n< ATH"), QString());
+    QCOMPARE(execute(talk, "fault list"), QStringLiteral("ok no faults"));
+}
+
+void TestConsole::faultsAreCleared_data()
+{
+    QTest::addColumn<QByteArray>("command");
+    QTest::newRow("clear") << QByteArray("fault clear");
+    QTest::newRow("none") << QByteArray("fault none");
+}
+
+void TestConsole::faultsAreCleared()
+{
+    QFETCH(QByteArray, command);
+    Talk talk;
+    execute(talk, "fault err:8");
+    execute(talk, "fault silence%5");
+    QCOMPARE(execute(talk, command.constData()), QStringLiteral("ok no faults"));
+    QCOMPARE(talk.play("> ATH\n< ATH"), QString());
+}
+
+void TestConsole::powerIsSwitched()
+{
+    Talk talk;
+    QCOMPARE(execute(talk, "power 2211 off"), QStringLiteral("ok wrench 2211 power off"));
+    QVERIFY(execute(talk, "wrenches").contains(QStringLiteral("switched off")));
+    QVERIFY(execute(talk, "tighten 1 2211").startsWith(QStringLiteral("error")));
+    QCOMPARE(execute(talk, "power 2211 on"), QStringLiteral("ok wrench 2211 power on"));
+    QVERIFY(!execute(talk, "wrenches").contains(QStringLiteral("switched off")));
 }
 
 void TestConsole::linkIsLost()
@@ -169,9 +201,27 @@ void TestConsole::helpIsOneLine()
 void TestConsole::wrongCommandsAreRefused_data()
 {
     QTest::addColumn<QByteArray>("command");
-    for (const char* command : {"", "dance", "tighten x", "tighten 0", "tighten 1 9999", "tighten 1 2210 2211", "range",
-                                "range 2210", "range 2210 up", "range 9999 off", "fault", "fault quiet",
-                                "fault late:1 echo", "unplug now", "wrenches all"}) {
+    for (const char* command : {"",
+                                "dance",
+                                "tighten x",
+                                "tighten 0",
+                                "tighten 1 9999",
+                                "tighten 1 2210 2211",
+                                "range",
+                                "range 2210",
+                                "range 2210 up",
+                                "range 9999 off",
+                                "fault",
+                                "fault quiet",
+                                "fault late:1 echo",
+                                "unplug now",
+                                "unplug 0",
+                                "unplug 1 2",
+                                "fault off flip",
+                                "power 2210",
+                                "power 9999 on",
+                                "fault flip%0",
+                                "wrenches all"}) {
         QTest::newRow(*command != '\0' ? command : "empty") << QByteArray(command);
     }
 }

@@ -1,4 +1,4 @@
-#include "faults.h"
+#include "fault_injector.h"
 #include "talk.h"
 
 #include <QtTest>
@@ -9,6 +9,36 @@ constexpr const char* c_linked = R"(
     < ATD 020000000001
     < DATA
 )";
+
+/// For each of so many frames whether a fault "silence%30" strikes it, beside other faults.
+QByteArray strikesOf(const char* fault, const QStringList& others, quint32 seed = 7)
+{
+    FaultInjector injector{RandomSource(seed)};
+    QString error;
+    for (const QString& other : others) {
+        injector.add(*Fault::fromText(other, &error));
+    }
+    injector.add(*Fault::fromText(QLatin1String(fault), &error));
+    QByteArray strikes;
+    for (int i = 0; i < 200; ++i) {
+        strikes.append(injector.frameTakenUp().isSilent ? '1' : '0');
+        injector.disturb("OK");
+    }
+    return strikes;
+}
+
+/// What 100 lines become.
+QByteArrayList disturbed(const char* fault, quint32 seed = 7)
+{
+    FaultInjector injector{RandomSource(seed)};
+    QString error;
+    injector.add(*Fault::fromText(QLatin1String(fault), &error));
+    QByteArrayList lines;
+    for (int i = 0; i < 100; ++i) {
+        lines.append(injector.disturb("OK:UNT0,ANG90,TRQ12").bytes);
+    }
+    return lines;
+}
 } // namespace
 
 class TestFaults : public QObject
@@ -40,6 +70,31 @@ private Q_SLOTS:
     void outOfRangeTakesTheNamedWrench();
     void lostLinkTakesTheFrameAlong();
     void unplugIsToldOnceAndDropsAll();
+    void chanceStrikesAboutSoOften();
+    void chanceOfAHundredAlwaysStrikes();
+    void sameSeedThrowsTheSameDice();
+    void otherFaultsDoNotShiftTheDice();
+    void equalFaultsHaveDiceOfTheirOwn();
+    void inventedBytesDoNotShiftTheDice();
+    void sameSeedInventsTheSameBytes_data();
+    void sameSeedInventsTheSameBytes();
+    void cutLosesTheRestAndTheEnd();
+    void cutByChanceLeavesABeginning();
+    void flipChangesOneByte();
+    void doubleSendsTheLineTwice();
+    void manyDoublesAreBounded();
+    void garbageComesBeforeTheLine();
+    void lowerCaseIsLowerCase();
+    void foreignEchoStandsInsteadOfTheDialledAddress();
+    void foreignEchoComesBeforeOtherAnswers();
+    void twinIsReportedAndCannotBeReached();
+    void wrenchComesBackIntoRange();
+    void floodComesUnasked();
+    void floodOfNoTimeIsBounded();
+    void endlessLineHasNoEnd();
+    void linesBehindAnEndlessOneJoinIt();
+    void faultsAreListedAndTakenAway();
+    void faultsAreBounded();
 };
 
 void TestFaults::malformedFaultsAreRefused_data()
@@ -51,7 +106,11 @@ void TestFaults::malformedFaultsAreRefused_data()
                              "err:-1",   "silence:1",     "silence@0",
                              "silence@", "silence@x",     "silence@99999999999",
                              "split:0",  "glue:1",        "glue:2,x",
-                             "unplug:0", "SILENCE",       "out-of-range:1,2"}) {
+                             "unplug:0", "SILENCE",       "out-of-range:1,x",
+                             "flip%0",   "flip%101",      "flip%x",
+                             "flip%",    "flip%5@3",      "flip@3%5",
+                             "cut:0",    "garbage:4097",  "endless:1,x",
+                             "double:2", "late:5%-1",     "flip%1e1"}) {
         QTest::newRow(*text != '\0' ? text : "empty") << QString::fromLatin1(text);
     }
 }
@@ -310,6 +369,260 @@ void TestFaults::unplugIsToldOnceAndDropsAll()
     QVERIFY(!talk.dongle.takeUnplug());
     QVERIFY(!talk.dongle.linkedWrench());
     QCOMPARE(talk.play("+ 3000"), QString());
+}
+
+void TestFaults::chanceStrikesAboutSoOften()
+{
+    const int strikes = strikesOf("silence%30", {}).count('1');
+    QVERIFY2(strikes > 40 && strikes < 80, QByteArray::number(strikes).constData());
+}
+
+void TestFaults::chanceOfAHundredAlwaysStrikes()
+{
+    QCOMPARE(strikesOf("silence%100", {}).count('0'), 0);
+}
+
+void TestFaults::sameSeedThrowsTheSameDice()
+{
+    QCOMPARE(strikesOf("silence%30", {}), strikesOf("silence%30", {}));
+    QVERIFY(strikesOf("silence%30", {}, 7) != strikesOf("silence%30", {}, 8));
+}
+
+void TestFaults::otherFaultsDoNotShiftTheDice()
+{
+    const QStringList others = {QStringLiteral("late:5%50"), QStringLiteral("flip%20"), QStringLiteral("cut%20")};
+    QCOMPARE(strikesOf("silence%30", others), strikesOf("silence%30", {}));
+}
+
+void TestFaults::equalFaultsHaveDiceOfTheirOwn()
+{
+    const int one = strikesOf("silence%30", {}).count('1');
+    const int two = strikesOf("silence%30", {QStringLiteral("silence%30")}).count('1');
+    QVERIFY2(two > one + 10, QByteArray::number(two).constData());
+}
+
+void TestFaults::inventedBytesDoNotShiftTheDice()
+{
+    // Whether a line is struck does not depend on how much was made up for the ones before.
+    const auto struck = [](const char* fault) {
+        FaultInjector injector{RandomSource(7)};
+        QString error;
+        Fault garbage = *Fault::fromText(QLatin1String(fault), &error);
+        garbage.text = QStringLiteral("the same stream");
+        injector.add(garbage);
+        QByteArray strikes;
+        for (int i = 0; i < 100; ++i) {
+            strikes.append(injector.disturb("OK").bytes.size() > 4 ? '1' : '0');
+        }
+        return strikes;
+    };
+    QCOMPARE(struck("garbage:1%30"), struck("garbage:100%30"));
+}
+
+void TestFaults::sameSeedInventsTheSameBytes_data()
+{
+    QTest::addColumn<QByteArray>("fault");
+    for (const char* fault : {"cut", "flip", "garbage", "flip:3%50"}) {
+        QTest::newRow(fault) << QByteArray(fault);
+    }
+}
+
+void TestFaults::sameSeedInventsTheSameBytes()
+{
+    QFETCH(QByteArray, fault);
+    QCOMPARE(disturbed(fault.constData()), disturbed(fault.constData()));
+    QVERIFY(disturbed(fault.constData(), 7) != disturbed(fault.constData(), 8));
+}
+
+void TestFaults::cutLosesTheRestAndTheEnd()
+{
+    Talk talk;
+    talk.addFault("cut:2@1");
+    talk.send("ATH\r\nATH\r\n");
+    QCOMPARE(talk.takeOutput(), QByteArray("ATATH\r\n"));
+}
+
+void TestFaults::cutByChanceLeavesABeginning()
+{
+    const QByteArray line = "OK:UNT0,ANG90,TRQ12";
+    const QByteArrayList lines = disturbed("cut");
+    for (const QByteArray& each : lines) {
+        QVERIFY2(!each.isEmpty() && each.size() < line.size() && line.startsWith(each), each.constData());
+    }
+}
+
+void TestFaults::flipChangesOneByte()
+{
+    const QByteArray line = "OK:UNT0,ANG90,TRQ12\r\n";
+    const QByteArrayList lines = disturbed("flip");
+    for (const QByteArray& each : lines) {
+        QCOMPARE(each.size(), line.size());
+        int differences = 0;
+        for (int i = 0; i < line.size(); ++i) {
+            differences += each.at(i) == line.at(i) ? 0 : 1;
+        }
+        QCOMPARE(differences, 1);
+    }
+}
+
+void TestFaults::doubleSendsTheLineTwice()
+{
+    Talk talk;
+    talk.addFault("double@1");
+    QCOMPARE(talk.play("> ATH\n< ATH\n< ATH\n> ATH\n< ATH"), QString());
+}
+
+void TestFaults::manyDoublesAreBounded()
+{
+    Talk talk;
+    for (int i = 0; i < FaultInjector::c_maxFaults; ++i) {
+        talk.addFault("double");
+    }
+    talk.send("ATH\r\n");
+    QVERIFY(talk.takeOutput().size() <= 8192);
+}
+
+void TestFaults::garbageComesBeforeTheLine()
+{
+    Talk talk;
+    talk.addFault("garbage:20@1");
+    talk.send("ATH\r\n");
+    const QByteArray output = talk.takeOutput();
+    QCOMPARE(output.size(), 25);
+    QVERIFY(output.endsWith("ATH\r\n"));
+}
+
+void TestFaults::lowerCaseIsLowerCase()
+{
+    Talk talk;
+    QCOMPARE(talk.play(c_linked), QString());
+    talk.addFault("lower-case");
+    QCOMPARE(talk.play("> DI:C\n< ok:0"), QString());
+}
+
+void TestFaults::foreignEchoStandsInsteadOfTheDialledAddress()
+{
+    Talk talk;
+    talk.addFault("foreign-echo@1");
+    QCOMPARE(talk.play(R"(
+        > ATD 020000000001
+        < ATD 020000000002
+        < DATA
+        > DI:C
+        < OK:0
+    )"),
+             QString());
+}
+
+void TestFaults::foreignEchoComesBeforeOtherAnswers()
+{
+    Talk talk;
+    QCOMPARE(talk.play(c_linked), QString());
+    talk.addFault("foreign-echo");
+    QCOMPARE(talk.play("> DI:C\n< ATD 020000000002\n< OK:0"), QString());
+}
+
+void TestFaults::twinIsReportedAndCannotBeReached()
+{
+    Talk talk;
+    talk.addFault("duplicate-serial:2211");
+    QCOMPARE(talk.play(R"(
+        > ATS
+        < RESP 02:00:00:00:00:01 TW60 2210 *
+        < RESP 02:00:00:00:00:02 TW60 2211 *
+        < RESP 06:00:00:00:00:02 TW60 2211 *
+        > ATH
+        < ATH
+        > ATD 060000000002
+        < ATD 060000000002
+        < ERR:1
+    )"),
+             QString());
+}
+
+void TestFaults::wrenchComesBackIntoRange()
+{
+    Talk talk;
+    talk.addFault("out-of-range:,500@2");
+    QCOMPARE(talk.play(c_linked), QString());
+    QCOMPARE(talk.play(R"(
+        > DI:C
+        < ERR:1
+        + 499
+        > DI:C
+        < ERR:1
+        + 1
+        > DI:C
+        < OK:0
+    )"),
+             QString());
+}
+
+void TestFaults::floodComesUnasked()
+{
+    Talk talk;
+    talk.addFault("flood:3,30@1");
+    talk.send("ATH\r\n");
+    QCOMPARE(talk.takeTimedChunks(100), QStringList({QStringLiteral("0: INFO 1.."), QStringLiteral("0: ATH.."),
+                                                     QStringLiteral("10: INFO 2.."), QStringLiteral("20: INFO 3..")}));
+    QVERIFY(!talk.dongle.nextDueUs());
+}
+
+void TestFaults::floodOfNoTimeIsBounded()
+{
+    Talk talk;
+    talk.addFault("flood:1000000,0@1");
+    talk.send("ATH\r\n");
+    QVERIFY(talk.takeOutput().size() <= OutputQueue::c_maxBytes);
+    QCOMPARE(talk.notes.size(), 2); // that it drops, and how much
+}
+
+void TestFaults::endlessLineHasNoEnd()
+{
+    Talk talk;
+    talk.addFault("endless:1000,100@1");
+    talk.send("ATH\r\n");
+    talk.pass(1000);
+    QByteArray output = talk.takeOutput();
+    const int answer = output.indexOf("ATH\r\n"); // it does not wait for the end that will not come
+    QVERIFY(answer > 0 && answer < 100);
+    output.remove(answer, 5);
+    QCOMPARE(output, QByteArray(1000, 'x'));
+}
+
+void TestFaults::linesBehindAnEndlessOneJoinIt()
+{
+    Talk talk;
+    talk.addFault("endless:10,0@1");
+    talk.addFault("late:1");
+    talk.send("ATH\r\n");
+    talk.pass(1);
+    QCOMPARE(talk.takeOutput(), QByteArray("xxxxxxxxxxATH\r\n"));
+}
+
+void TestFaults::faultsAreListedAndTakenAway()
+{
+    Talk talk;
+    talk.addFault("silence@1");
+    talk.addFault("late:5%10");
+    talk.addFault("late:6%100");
+    QCOMPARE(talk.play("> ATH\n+ 100\n> ATH\n+ 6\n< ATH"), QString());
+    FaultInjector& faults = talk.dongle.faults();
+    QCOMPARE(faults.describe().at(0), QStringLiteral("silence@1 (struck 1 times)"));
+    QCOMPARE(faults.describe().at(2), QStringLiteral("late:6%100 (struck 2 times)"));
+    QCOMPARE(faults.remove(QStringLiteral("late:5%10")), 1);
+    QCOMPARE(faults.remove(QStringLiteral("late:5%10")), 0);
+    QCOMPARE(faults.remove(QStringLiteral("late")), 1);
+    QCOMPARE(faults.describe().size(), 1);
+}
+
+void TestFaults::faultsAreBounded()
+{
+    FaultInjector injector{RandomSource(1)};
+    for (int i = 0; i < FaultInjector::c_maxFaults; ++i) {
+        QVERIFY(injector.add({}));
+    }
+    QVERIFY(!injector.add({}));
 }
 
 QTEST_GUILESS_MAIN(TestFaults)

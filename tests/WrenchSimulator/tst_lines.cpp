@@ -68,8 +68,8 @@ void TestLines::chunksLeaveInOrder()
 {
     OutputQueue queue([](const QString&) {});
     QVERIFY(!queue.nextDueUs());
-    queue.post("A", {}, 10);
-    queue.post("B", {}, 20);
+    queue.post("A\r\n", {}, 10);
+    queue.post("B\r\n", {}, 20);
     QVERIFY(queue.nextDueUs() == 10);
     QVERIFY(!queue.takeChunk(9));
     QVERIFY(queue.takeChunk(20) == QByteArray("A\r\n"));
@@ -83,9 +83,9 @@ void TestLines::nothingIsOvertakenByASmallerDelay()
     ChunkShape slow;
     slow.pieceBytes = 3;
     slow.pieceGapUs = 100;
-    queue.post("A", {}, 0);
-    queue.post("BBBB", slow, 0);
-    queue.post("C", {}, 0);
+    queue.post("A\r\n", {}, 0);
+    queue.post("BBBB\r\n", slow, 0);
+    queue.post("C\r\n", {}, 0);
     QByteArray all;
     while (const std::optional<qint64> dueUs = queue.nextDueUs()) {
         all += *queue.takeChunk(*dueUs);
@@ -99,8 +99,8 @@ void TestLines::gluedLinesDoNotWaitForTheOnesTooLate()
     ChunkShape glued;
     glued.gluedLines = 2;
     glued.glueWaitUs = 100;
-    queue.post("A", glued, 0);
-    queue.post("B", glued, 500);
+    queue.post("A\r\n", glued, 0);
+    queue.post("B\r\n", glued, 500);
     QVERIFY(queue.takeChunk(500) == QByteArray("A\r\n"));
     QVERIFY(!queue.takeChunk(599));
     QVERIFY(queue.takeChunk(600) == QByteArray("B\r\n"));
@@ -113,11 +113,11 @@ void TestLines::unreadOutputIsBounded()
     constexpr int c_lineBytes = 1024;
     constexpr int c_kept = OutputQueue::c_maxBytes / c_lineBytes;
     for (int i = 0; i < c_kept; ++i) {
-        queue.post(QByteArray::number(i).leftJustified(c_lineBytes - 2), {}, 0);
+        queue.post(QByteArray::number(i).leftJustified(c_lineBytes - 2) + "\r\n", {}, 0);
     }
     QVERIFY(notes.isEmpty());
     for (int i = c_kept; i < c_kept + 3; ++i) {
-        queue.post(QByteArray::number(i).leftJustified(c_lineBytes - 2), {}, 0);
+        queue.post(QByteArray::number(i).leftJustified(c_lineBytes - 2) + "\r\n", {}, 0);
     }
     QCOMPARE(notes.size(), 1);
     QCOMPARE(queue.takeChunk(0)->trimmed(), QByteArray("3"));

@@ -31,11 +31,11 @@ void TestSimulatorOptions::withoutOptionsThereIsOneWrenchWithThreePrograms()
 {
     const ParsedOptions parsed = parse("");
     QVERIFY(parsed.outcome == ParsedOptions::Outcome::Run);
-    QCOMPARE(parsed.options.wrenches.size(), size_t(1));
-    QCOMPARE(parsed.options.wrenches[0].serial, QByteArray("2210"));
-    QCOMPARE(parsed.options.wrenches[0].programs.size(), size_t(3));
-    QVERIFY(parsed.options.dongle.mode == Dongle::Mode::Redial);
-    QVERIFY(parsed.options.faults.empty());
+    QCOMPARE(parsed.options.scenario.wrenches.size(), size_t(1));
+    QCOMPARE(parsed.options.scenario.wrenches[0].serial, QByteArray("2210"));
+    QCOMPARE(parsed.options.scenario.wrenches[0].programs.size(), size_t(3));
+    QVERIFY(parsed.options.scenario.dongle.mode == Dongle::Mode::Redial);
+    QVERIFY(parsed.options.scenario.faults.empty());
     QVERIFY(!parsed.options.hasConsole);
     QVERIFY(!parsed.options.exitsWithParent);
 }
@@ -45,7 +45,7 @@ void TestSimulatorOptions::wrenchesAreRead()
     const ParsedOptions parsed =
         parse("--wrench A1,model=M2,mac=aa:bb:cc:dd:ee:0f,rssi=-71 --wrench B2 --programs 5 --rate 0.5");
     QVERIFY2(parsed.outcome == ParsedOptions::Outcome::Run, qPrintable(parsed.text));
-    const std::vector<Wrench::Settings>& wrenches = parsed.options.wrenches;
+    const std::vector<Wrench::Settings>& wrenches = parsed.options.scenario.wrenches;
     QCOMPARE(wrenches.size(), size_t(2));
     QCOMPARE(wrenches[0].serial, QByteArray("A1"));
     QCOMPARE(wrenches[0].model, QByteArray("M2"));
@@ -63,11 +63,11 @@ void TestSimulatorOptions::timesAreMilliseconds()
 {
     const ParsedOptions parsed = parse("--link-delay 1 --answer-delay 2 --scan-period 3 --tightening-time 4 --seed 5");
     QVERIFY2(parsed.outcome == ParsedOptions::Outcome::Run, qPrintable(parsed.text));
-    QCOMPARE(parsed.options.dongle.linkDelayUs, qint64(1000));
-    QCOMPARE(parsed.options.dongle.answerDelayUs, qint64(2000));
-    QCOMPARE(parsed.options.dongle.scanPeriodUs, qint64(3000));
-    QCOMPARE(parsed.options.wrenches[0].tighteningUs, qint64(4000));
-    QCOMPARE(parsed.options.seed, quint32(5));
+    QCOMPARE(parsed.options.scenario.dongle.linkDelayUs, qint64(1000));
+    QCOMPARE(parsed.options.scenario.dongle.answerDelayUs, qint64(2000));
+    QCOMPARE(parsed.options.scenario.dongle.scanPeriodUs, qint64(3000));
+    QCOMPARE(parsed.options.scenario.wrenches[0].tighteningUs, qint64(4000));
+    QCOMPARE(parsed.options.scenario.seed, quint32(5));
 }
 
 void TestSimulatorOptions::modesAreRead_data()
@@ -83,14 +83,14 @@ void TestSimulatorOptions::modesAreRead()
 {
     QFETCH(QByteArray, arguments);
     QFETCH(int, mode);
-    QCOMPARE(static_cast<int>(parse(arguments.constData()).options.dongle.mode), mode);
+    QCOMPARE(static_cast<int>(parse(arguments.constData()).options.scenario.dongle.mode), mode);
 }
 
 void TestSimulatorOptions::faultsAreRead()
 {
     const ParsedOptions parsed = parse("--echo --fault late:200@3 --fault split:2,7@4+");
     QVERIFY2(parsed.outcome == ParsedOptions::Outcome::Run, qPrintable(parsed.text));
-    const std::vector<Fault>& faults = parsed.options.faults;
+    const std::vector<Fault>& faults = parsed.options.scenario.faults;
     QCOMPARE(faults.size(), size_t(3));
     QVERIFY(faults[0].kind == Fault::Kind::Echo);
     QVERIFY(faults[1].kind == Fault::Kind::Late);
@@ -117,7 +117,7 @@ void TestSimulatorOptions::helpExplains()
     const ParsedOptions parsed = parse("--help");
     QVERIFY(parsed.outcome == ParsedOptions::Outcome::Explain);
     QVERIFY(parsed.text.contains(QStringLiteral("--exit-with-parent")));
-    QVERIFY(parsed.text.contains(QStringLiteral("out-of-range[:SERIAL]")));
+    QVERIFY(parsed.text.contains(QStringLiteral("out-of-range[:[SERIAL][,MS]]")));
 }
 
 void TestSimulatorOptions::wrongOptionsAreRefused_data()

@@ -1,6 +1,6 @@
 #include "console.h"
 
-#include <QRegularExpression>
+#include <QStringList>
 
 namespace {
 QString ok(const QString& text)
@@ -18,9 +18,18 @@ QString okUnless(const QString& refusal, const QString& text)
     return refusal.isEmpty() ? ok(text) : error(refusal);
 }
 
-QString unknownWrench(const QString& serial)
+QString unknownWrench(const QByteArray& serial)
 {
-    return error(QStringLiteral("no wrench has the serial number \"%1\": \"wrenches\" lists them").arg(serial));
+    return error(QStringLiteral("no wrench has the serial number \"%1\": \"wrenches\" lists them")
+                     .arg(QString::fromLatin1(serial)));
+}
+
+QString whereabouts(const Dongle& dongle, int index)
+{
+    if (!dongle.hasPower(index)) {
+        return QStringLiteral("switched off");
+    }
+    return dongle.isInRange(index) ? QStringLiteral("in range") : QStringLiteral("out of range");
 }
 } // namespace
 
@@ -28,60 +37,57 @@ Console::Console(Dongle& dongle, LineSwitch& line) : m_dongle(dongle), m_line(li
 
 QString Console::execute(const QString& commandLine, qint64 nowUs)
 {
-    QStringList arguments = commandLine.split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts);
-    const QString command = arguments.isEmpty() ? QString() : arguments.takeFirst();
-    if (command == QLatin1String("tighten")) {
-        return tighten(arguments, nowUs);
-    }
-    if (command == QLatin1String("range")) {
-        return setRange(arguments, nowUs);
-    }
-    if (command == QLatin1String("fault")) {
-        return setFault(arguments);
-    }
-    if (arguments.isEmpty()) {
-        if (command == QLatin1String("wrenches")) {
-            return describeWrenches();
-        }
-        if (command == QLatin1String("lose-link")) {
-            return loseLink(nowUs);
-        }
-        if (command == QLatin1String("unplug")) {
-            return okUnless(m_line.unplug(), QStringLiteral("unplugged"));
-        }
-        if (command == QLatin1String("replug")) {
-            return okUnless(m_line.replug(), QStringLiteral("replugged"));
-        }
-        if (command == QLatin1String("quit")) {
-            m_line.quit();
-            return ok(QStringLiteral("bye"));
-        }
-        if (command == QLatin1String("help")) {
-            return ok(
-                QStringLiteral("tighten [n] [SERIAL] | wrenches | range SERIAL on|off | fault KIND[:ARGUMENTS][@N|@N+] "
-                               "| fault none | lose-link | unplug | replug | quit | help"));
-        }
-    }
-    return error(QStringLiteral("\"%1\" is no command: \"help\" lists them").arg(commandLine.simplified()));
+    QString refusal;
+    const std::optional<Command> command = Command::fromText(commandLine, &refusal);
+    return command ? execute(*command, nowUs) : error(refusal);
 }
 
-QString Console::tighten(const QStringList& arguments, qint64 nowUs)
+QString Console::execute(const Command& command, qint64 nowUs)
 {
-    bool isNumber = true;
-    const int count = arguments.isEmpty() ? 1 : arguments.constFirst().toInt(&isNumber);
-    if (!isNumber || count < 1 || arguments.size() > 2) {
-        return error(QStringLiteral("write tighten [n] [SERIAL], n from 1, for example: tighten 3 2210"));
+    switch (command.kind) {
+    case Command::Kind::Tighten:
+        return tighten(command, nowUs);
+    case Command::Kind::Wrenches:
+        return describeWrenches();
+    case Command::Kind::Range:
+    case Command::Kind::Power:
+        return switchWrench(command, nowUs);
+    case Command::Kind::SetFault:
+        return setFault(command.fault);
+    case Command::Kind::RemoveFault:
+        return removeFault(command.name);
+    case Command::Kind::ListFaults:
+        return listFaults();
+    case Command::Kind::ClearFaults:
+        m_dongle.faults().clear();
+        return ok(QStringLiteral("no faults"));
+    case Command::Kind::LoseLink:
+        return loseLink(nowUs);
+    case Command::Kind::Unplug:
+        return okUnless(m_line.unplug(command.backMs, nowUs), QStringLiteral("unplugged"));
+    case Command::Kind::Replug:
+        return okUnless(m_line.replug(nowUs), QStringLiteral("replugged"));
+    case Command::Kind::Quit:
+        m_line.quit();
+        return ok(QStringLiteral("bye"));
+    case Command::Kind::Help:
+        break;
     }
+    return ok(Command::help());
+}
+
+QString Console::tighten(const Command& command, qint64 nowUs)
+{
     std::optional<int> wrench = m_dongle.linkedWrench() ? m_dongle.linkedWrench() : 0;
-    if (arguments.size() == 2) {
-        wrench = m_dongle.findWrench(arguments.at(1).toLatin1());
+    if (!command.serial.isEmpty()) {
+        wrench = m_dongle.findWrench(command.serial);
         if (!wrench) {
-            return unknownWrench(arguments.at(1));
+            return unknownWrench(command.serial);
         }
     }
     const QString serial = QString::fromLatin1(m_dongle.wrench(*wrench).settings().serial);
-    return okUnless(m_dongle.demandTightening(*wrench, count, nowUs),
-                    QStringLiteral("%1 tightenings by wrench %2").arg(QString::number(count), serial));
+    return okUnless(m_dongle.demandTightening(*wrench, command.count, nowUs),
+                    QStringLiteral("%1 tightenings by wrench %2").arg(QString::number(command.count), serial));
 }
 
 QString Console::describeWrenches() const
@@ -93,7 +99,7 @@ QString Console::describeWrenches() const
         texts.append(QStringLiteral("%1 %2 %3 %4 dBm, %5, %6, %7, %8, program %9 of %10, %11 readings")
                          .arg(QString::fromLatin1(settings.serial), QString::fromLatin1(settings.mac),
                               QString::fromLatin1(settings.model), QString::number(settings.rssiDbm),
-                              m_dongle.isInRange(i) ? QStringLiteral("in range") : QStringLiteral("out of range"),
+                              whereabouts(m_dongle, i),
                               m_dongle.linkedWrench() == i ? QStringLiteral("linked") : QStringLiteral("not linked"),
                               wrench.isLocked() ? QStringLiteral("locked") : QStringLiteral("unlocked"),
                               wrench.isReporting() ? QStringLiteral("reporting") : QStringLiteral("not reporting"),
@@ -103,37 +109,42 @@ QString Console::describeWrenches() const
     return ok(texts.join(QStringLiteral("; ")));
 }
 
-QString Console::setRange(const QStringList& arguments, qint64 nowUs)
+QString Console::switchWrench(const Command& command, qint64 nowUs)
 {
-    const QString where = arguments.value(1);
-    if (arguments.size() != 2 || (where != QLatin1String("on") && where != QLatin1String("off"))) {
-        return error(QStringLiteral("write range SERIAL on|off, for example: range 2210 off"));
-    }
-    const std::optional<int> wrench = m_dongle.findWrench(arguments.constFirst().toLatin1());
+    const std::optional<int> wrench = m_dongle.findWrench(command.serial);
     if (!wrench) {
-        return unknownWrench(arguments.constFirst());
+        return unknownWrench(command.serial);
     }
-    m_dongle.setInRange(*wrench, where == QLatin1String("on"), nowUs);
-    return ok(QStringLiteral("wrench %1 range %2").arg(arguments.constFirst(), where));
+    const bool isRange = command.kind == Command::Kind::Range;
+    if (isRange) {
+        m_dongle.setInRange(*wrench, command.isOn, nowUs);
+    } else {
+        m_dongle.setPower(*wrench, command.isOn, nowUs);
+    }
+    return ok(QStringLiteral("wrench %1 %2 %3")
+                  .arg(QString::fromLatin1(command.serial), isRange ? QStringLiteral("range") : QStringLiteral("power"),
+                       command.isOn ? QStringLiteral("on") : QStringLiteral("off")));
 }
 
-QString Console::setFault(const QStringList& arguments)
+QString Console::setFault(const Fault& fault)
 {
-    if (arguments == QStringList(QStringLiteral("none"))) {
-        m_dongle.faults().clear();
-        return ok(QStringLiteral("no faults"));
-    }
-    if (arguments.size() != 1) {
-        return error(
-            QStringLiteral("write fault KIND[:ARGUMENTS][@N|@N+] or fault none, for example: fault late:200@1"));
-    }
-    QString refusal;
-    const std::optional<Fault> fault = Fault::fromText(arguments.constFirst(), &refusal);
-    if (!fault) {
-        return error(refusal);
-    }
-    m_dongle.faults().add(*fault);
-    return ok(QStringLiteral("fault ") + arguments.constFirst());
+    return m_dongle.faults().add(fault)
+               ? ok(QStringLiteral("fault ") + fault.text)
+               : error(QStringLiteral("%1 faults are set already: take some away with fault off KIND or fault clear")
+                           .arg(FaultInjector::c_maxFaults));
+}
+
+QString Console::removeFault(const QString& name)
+{
+    return m_dongle.faults().remove(name) > 0
+               ? ok(QStringLiteral("fault off ") + name)
+               : error(QStringLiteral("no fault \"%1\" is set: \"fault list\" tells which are").arg(name));
+}
+
+QString Console::listFaults() const
+{
+    const QStringList texts = m_dongle.faults().describe();
+    return ok(texts.isEmpty() ? QStringLiteral("no faults") : texts.join(QStringLiteral("; ")));
 }
 
 QString Console::loseLink(qint64 nowUs)

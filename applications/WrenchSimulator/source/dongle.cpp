@@ -5,10 +5,23 @@
 
 namespace {
 constexpr int c_maxRssiWanderDb = 3;
+constexpr const char* c_nobodysAddress = "02FFFFFFFFFF";
 
 QByteArray errorLine(int code)
 {
     return "ERR:" + QByteArray::number(code);
+}
+
+QByteArray dialled(const Wrench& wrench)
+{
+    return QByteArray(wrench.settings().mac).replace(':', "");
+}
+
+/// The address of a wrench that is not there, as a scan reports it.
+QByteArray twinOf(const QByteArray& address)
+{
+    const QByteArray first = QByteArray::number(address.left(2).toInt(nullptr, 16) ^ 4, 16);
+    return first.rightJustified(2, '0').toUpper() + address.mid(2);
 }
 
 constexpr int c_errorUnreachable = 1;
@@ -17,7 +30,7 @@ constexpr int c_errorNoLink = 3;
 } // namespace
 
 Dongle::Dongle(const Settings& settings, const std::vector<Wrench>& wrenches, const RandomSource& random, NoteSink note)
-    : m_settings(settings), m_note(std::move(note)), m_output(m_note)
+    : m_settings(settings), m_note(std::move(note)), m_faults(random), m_output(m_note)
 {
     for (const Wrench& wrench : wrenches) {
         m_stations.push_back({wrench, random.stream("rssi " + wrench.settings().mac)});
@@ -76,7 +89,10 @@ std::optional<qint64> Dongle::nextDueUs() const
     }
     for (const Station& station : m_stations) {
         consider(station.wrench.nextDueUs());
+        consider(station.backUs);
     }
+    consider(m_flood.nextDueUs());
+    consider(m_endless.nextDueUs());
     return result;
 }
 
@@ -100,6 +116,8 @@ void Dongle::dropEverything()
     m_nextReportUs.reset();
     m_dialling.reset();
     m_link.reset();
+    m_flood.stop();
+    m_endless.stop();
 }
 
 bool Dongle::loseLink(qint64 nowUs)
@@ -123,14 +141,31 @@ void Dongle::setInRange(int index, bool isInRange, qint64 nowUs)
     advance(nowUs);
     if (isInRange) {
         station(index).isInRange = true;
+        station(index).backUs.reset();
     } else {
-        leaveRange(index);
+        leaveRange(index, 0);
+    }
+}
+
+void Dongle::setPower(int index, bool hasPower, qint64 nowUs)
+{
+    advance(nowUs);
+    station(index).hasPower = hasPower;
+    if (!hasPower) {
+        station(index).wrench.powerOff();
+        if (m_link == index) {
+            m_link.reset();
+        }
     }
 }
 
 QString Dongle::demandTightening(int index, int count, qint64 nowUs)
 {
     advance(nowUs);
+    if (!hasPower(index)) {
+        return QStringLiteral("wrench %1 is switched off: power it on first")
+            .arg(QString::fromLatin1(wrench(index).settings().serial));
+    }
     QString refusal = station(index).wrench.demand(count, nowUs);
     sendResults(nowUs);
     return refusal;
@@ -149,7 +184,9 @@ void Dongle::step(qint64 atUs)
     for (Station& station : m_stations) {
         station.wrench.advance(atUs);
     }
+    comeBack(atUs);
     sendResults(atUs);
+    babble(atUs);
     if (m_nextReportUs && *m_nextReportUs <= atUs) {
         reportWrenches(atUs);
     }
@@ -169,19 +206,25 @@ void Dongle::takeUpFrame(qint64 atUs)
     const QByteArray frame = std::move(m_waiting.front());
     m_waiting.pop_front();
 
-    m_faults.frameTakenUp();
-    const Disturbance disturbance = m_faults.current();
-    if (disturbance.leavesRange) {
+    m_firstFrameUs = m_firstFrameUs.value_or(atUs);
+    const Disturbance disturbance = m_faults.frameTakenUp();
+    if (disturbance.leave) {
         const std::optional<int> leaving =
-            disturbance.leavesRange->isEmpty() ? m_link : findWrench(*disturbance.leavesRange);
+            disturbance.leave->serial.isEmpty() ? m_link : findWrench(disturbance.leave->serial);
         if (leaving) {
-            leaveRange(*leaving);
+            leaveRange(*leaving, disturbance.leave->backUs > 0 ? atUs + disturbance.leave->backUs : 0);
         }
     }
     if (disturbance.unplugMs) {
         m_unplugMs = disturbance.unplugMs;
         dropEverything();
         return;
+    }
+    if (disturbance.flood) {
+        m_flood.start(*disturbance.flood, atUs);
+    }
+    if (disturbance.endless) {
+        m_endless.start(*disturbance.endless, atUs);
     }
     if (disturbance.losesLink) {
         m_link.reset();
@@ -191,22 +234,49 @@ void Dongle::takeUpFrame(qint64 atUs)
         return;
     }
     const qint64 delayUs = disturbance.lateUs + (isForDongle(frame) ? 0 : m_settings.answerDelayUs);
-    m_inHand = FrameInHand{frame, atUs + delayUs, disturbance.errorCode, disturbance.isEchoed};
+    m_inHand = FrameInHand{frame, atUs + delayUs, disturbance};
 }
 
-void Dongle::leaveRange(int index)
+void Dongle::leaveRange(int index, qint64 backUs)
 {
     station(index).isInRange = false;
+    station(index).backUs = backUs > 0 ? std::optional<qint64>(backUs) : std::nullopt;
     if (m_link == index) {
         m_link.reset();
+    }
+}
+
+void Dongle::comeBack(qint64 atUs)
+{
+    for (Station& station : m_stations) {
+        if (station.backUs && *station.backUs <= atUs) {
+            station.isInRange = true;
+            station.backUs.reset();
+        }
+    }
+}
+
+void Dongle::babble(qint64 atUs)
+{
+    for (auto dueUs = m_flood.nextDueUs(); dueUs && *dueUs <= atUs; dueUs = m_flood.nextDueUs()) {
+        send(m_flood.take(), atUs);
+    }
+    for (auto dueUs = m_endless.nextDueUs(); dueUs && *dueUs <= atUs; dueUs = m_endless.nextDueUs()) {
+        m_output.post(m_endless.take(), {}, atUs);
     }
 }
 
 void Dongle::answerFrame(qint64 atUs)
 {
     const QByteArray frame = m_inHand->frame;
-    if (m_inHand->errorCode) {
-        send(errorLine(*m_inHand->errorCode), atUs);
+    const Disturbance disturbance = m_inHand->disturbance;
+    const bool isDialling = frame.startsWith("ATD") && isForDongle(frame);
+    if (disturbance.hasForeignEcho && !isDialling) {
+        send("ATD " + foreignAddress(m_link ? dialled(wrench(*m_link)) : QByteArray()), atUs);
+        m_inHand->disturbance.hasForeignEcho = false; // a frame that waits for its link comes here twice
+    }
+    if (disturbance.errorCode) {
+        send(errorLine(*disturbance.errorCode), atUs);
         m_inHand.reset();
         return;
     }
@@ -220,7 +290,7 @@ void Dongle::answerFrame(qint64 atUs)
     } else if (frame == "ATH") {
         hangUp(atUs);
     } else {
-        dial(frame.mid(4), atUs);
+        dial(frame.mid(4), disturbance.hasForeignEcho, atUs);
     }
 }
 
@@ -237,7 +307,7 @@ void Dongle::passToWrench(qint64 atUs)
         send(errorLine(c_errorNoLink), atUs);
         return;
     }
-    if (inHand.isEchoed) {
+    if (inHand.disturbance.isEchoed) {
         send(inHand.frame, atUs);
     }
     const QByteArray answer = station(*m_link).wrench.receive(inHand.frame, atUs);
@@ -264,32 +334,47 @@ void Dongle::hangUp(qint64 atUs)
     send("ATH", atUs);
 }
 
-void Dongle::dial(const QByteArray& address, qint64 atUs)
+void Dongle::dial(const QByteArray& address, bool echoesAnother, qint64 atUs)
 {
     m_nextReportUs.reset();
     m_link.reset();
-    m_dialling = Dialling{std::nullopt, atUs + m_settings.linkDelayUs, true};
+    m_dialling = Dialling{findAddress(address), atUs + m_settings.linkDelayUs, true};
+    send("ATD " + (echoesAnother ? foreignAddress(address) : address), atUs);
+}
+
+std::optional<int> Dongle::findAddress(const QByteArray& address) const
+{
     for (int i = 0; i < wrenchCount(); ++i) {
-        if (QByteArray(wrench(i).settings().mac).replace(':', "") == address) {
-            m_dialling->station = i;
+        if (dialled(wrench(i)) == address) {
+            return i;
         }
     }
-    send("ATD " + address, atUs);
+    return std::nullopt;
+}
+
+QByteArray Dongle::foreignAddress(const QByteArray& address) const
+{
+    for (const Station& station : m_stations) {
+        if (dialled(station.wrench) != address) {
+            return dialled(station.wrench);
+        }
+    }
+    return c_nobodysAddress;
 }
 
 void Dongle::finishDialling(qint64 atUs)
 {
-    const Dialling dialled = *std::exchange(m_dialling, std::nullopt);
-    if (dialled.station && isInRange(*dialled.station)) {
-        m_link = m_lastLink = dialled.station;
-        if (dialled.isAsked) {
+    const Dialling call = *std::exchange(m_dialling, std::nullopt);
+    if (call.station && station(*call.station).isReachable()) {
+        m_link = m_lastLink = call.station;
+        if (call.isAsked) {
             send("DATA", atUs);
             sendResults(atUs);
         }
         return;
     }
     send(errorLine(c_errorUnreachable), atUs);
-    if (!dialled.isAsked) {
+    if (!call.isAsked) {
         m_inHand.reset(); // the frame it was opened for
     }
 }
@@ -297,16 +382,25 @@ void Dongle::finishDialling(qint64 atUs)
 void Dongle::reportWrenches(qint64 atUs)
 {
     for (Station& station : m_stations) {
-        if (!station.isInRange) {
+        if (!station.isReachable()) {
             continue;
         }
         const auto stepDb = static_cast<int>(station.random.between(0.0, 3.0)) - 1;
         station.rssiWanderDb = std::clamp(station.rssiWanderDb + stepDb, -c_maxRssiWanderDb, c_maxRssiWanderDb);
         const Wrench::Settings& wrench = station.wrench.settings();
-        const QByteArray rssi = QByteArray::number(wrench.rssiDbm + station.rssiWanderDb);
-        send("RESP " + wrench.mac + ' ' + wrench.model + ' ' + wrench.serial + ' ' + rssi, atUs);
+        report(station, wrench.mac, atUs);
+        if (m_faults.hasTwin(wrench.serial)) {
+            report(station, twinOf(wrench.mac), atUs);
+        }
     }
     m_nextReportUs = atUs + m_settings.scanPeriodUs;
+}
+
+void Dongle::report(const Station& station, const QByteArray& address, qint64 atUs)
+{
+    const Wrench::Settings& wrench = station.wrench.settings();
+    const QByteArray rssi = QByteArray::number(wrench.rssiDbm + station.rssiWanderDb);
+    send("RESP " + address + ' ' + wrench.model + ' ' + wrench.serial + ' ' + rssi, atUs);
 }
 
 void Dongle::sendResults(qint64 atUs)
@@ -322,5 +416,6 @@ void Dongle::sendResults(qint64 atUs)
 
 void Dongle::send(const QByteArray& line, qint64 atUs)
 {
-    m_output.post(line, m_faults.current().shape, atUs);
+    const DisturbedLine sent = m_faults.disturb(line);
+    m_output.post(sent.bytes, sent.shape, atUs);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "faults.h"
+#include "babbler.h"
+#include "fault_injector.h"
 #include "line_cutter.h"
 #include "note.h"
 #include "output_queue.h"
@@ -16,9 +17,8 @@
 ///     ATS         RESP <mac> <model> <serial> <rssi> for each wrench in range, now and once each scan period;
 ///                 ERR:2 while a link is open or being opened
 ///     ATH         ATH, and scan and link are ended
-///     ATD <mac>   ATD <mac>, and after the link delay DATA, or ERR:1 for an unknown or unreachable wrench; ends the
-///     scan
-///                 and the link that was open
+///     ATD <mac>   ATD <mac>, and after the link delay DATA, or ERR:1 for an unknown or unreachable wrench; ends
+///                 the scan and the link that was open
 ///     else        for the linked wrench; without a link as the mode says: ERR:3 where there is no wrench to link to,
 ///                 ERR:1 where the wrench cannot be reached
 ///
@@ -59,6 +59,7 @@ public:
     const OutputQueue& output() const { return m_output; }
 
     FaultInjector& faults() { return m_faults; }
+    const FaultInjector& faults() const { return m_faults; }
 
     /// The fault "unplug" has struck: ms until the line is back, 0: not by itself. Told once. The dongle has lost its
     /// power by then; to hang up the line is left to its owner.
@@ -74,6 +75,10 @@ public:
     int wrenchCount() const { return static_cast<int>(m_stations.size()); }
     const Wrench& wrench(int index) const { return m_stations[static_cast<size_t>(index)].wrench; }
     bool isInRange(int index) const { return m_stations[static_cast<size_t>(index)].isInRange; }
+    bool hasPower(int index) const { return m_stations[static_cast<size_t>(index)].hasPower; }
+
+    /// When the dongle took up its first frame; nothing: not yet.
+    std::optional<qint64> firstFrameUs() const { return m_firstFrameUs; }
 
     /// The index of the linked wrench; the first wrench of that serial number.
     std::optional<int> linkedWrench() const { return m_link; }
@@ -81,6 +86,9 @@ public:
 
     /// A linked wrench that leaves range loses its link.
     void setInRange(int index, bool isInRange, qint64 nowUs);
+
+    /// A wrench without power is not heard, and has forgotten all but its programs and the number of its readings.
+    void setPower(int index, bool hasPower, qint64 nowUs);
 
     /// As Wrench::demand().
     QString demandTightening(int index, int count, qint64 nowUs);
@@ -92,15 +100,18 @@ private:
         Wrench wrench;
         RandomSource random;
         bool isInRange = true;
+        bool hasPower = true;
+        std::optional<qint64> backUs = {}; ///< in range again
         int rssiWanderDb = 0;
+
+        bool isReachable() const { return isInRange && hasPower; }
     };
 
     struct FrameInHand
     {
         QByteArray frame;
         qint64 dueUs;
-        std::optional<int> errorCode;
-        bool isEchoed;
+        Disturbance disturbance;
     };
 
     struct Dialling
@@ -112,19 +123,25 @@ private:
 
     Station& station(int index) { return m_stations[static_cast<size_t>(index)]; }
     bool isForDongle(const QByteArray& frame) const;
+    /// Addresses are written as ATD has them, without colons. foreignAddress(): another than this one.
+    std::optional<int> findAddress(const QByteArray& address) const;
+    QByteArray foreignAddress(const QByteArray& address) const;
 
     void step(qint64 atUs);
     void takeUpFrame(qint64 atUs);
     void dropEverything();
-    void leaveRange(int index);
+    void leaveRange(int index, qint64 backUs);
+    void comeBack(qint64 atUs);
+    void babble(qint64 atUs);
     void answerFrame(qint64 atUs);
     void passToWrench(qint64 atUs);
     void startScan(qint64 atUs);
     void hangUp(qint64 atUs);
-    void dial(const QByteArray& address, qint64 atUs);
+    void dial(const QByteArray& address, bool echoesAnother, qint64 atUs);
     void finishDialling(qint64 atUs);
     void reportWrenches(qint64 atUs);
     void sendResults(qint64 atUs);
+    void report(const Station& station, const QByteArray& address, qint64 atUs);
     void send(const QByteArray& line, qint64 atUs);
 
     Settings m_settings;
@@ -134,7 +151,11 @@ private:
     LineCutter m_cutter{"\r\n"};
     OutputQueue m_output;
 
+    Babbler m_flood{Babbler::Kind::Lines};
+    Babbler m_endless{Babbler::Kind::Endless};
+
     qint64 m_nowUs = 0;
+    std::optional<qint64> m_firstFrameUs;
     std::deque<QByteArray> m_waiting;
     std::optional<FrameInHand> m_inHand;
     std::optional<qint64> m_nextReportUs; ///< set while scanning

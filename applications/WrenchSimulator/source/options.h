@@ -1,12 +1,10 @@
 #pragma once
 
-#include "dongle.h"
 #include "replayer.h"
+#include "scenario.h"
 
 #include <QString>
 #include <QStringList>
-
-#include <vector>
 
 /// A trace to play instead of having a dongle.
 struct ReplayOptions
@@ -18,15 +16,14 @@ struct ReplayOptions
 /// What the command line asks for.
 struct Options
 {
-    Dongle::Settings dongle;
-    std::vector<Wrench::Settings> wrenches;
-    std::vector<Fault> faults;
+    Scenario scenario;
+    double speed = 1.0; ///< simulated seconds in a second
     ReplayOptions replay;
-    quint32 seed = 1;
     QString linkPath;   ///< empty: none
     QString devicePath; ///< empty: a pseudo-terminal
     int baud = 0;       ///< of the dongle on a pseudo-terminal; 0: whatever the other side has set
     bool hasConsole = false;
+    bool tellsWrenches = false;
     bool exitsWithParent = false;
 };
 

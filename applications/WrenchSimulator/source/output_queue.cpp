@@ -5,7 +5,7 @@
 
 OutputQueue::OutputQueue(NoteSink note) : m_note(std::move(note)) {}
 
-void OutputQueue::post(const QByteArray& line, const ChunkShape& shape, qint64 nowUs)
+void OutputQueue::post(const QByteArray& bytes, const ChunkShape& shape, qint64 nowUs)
 {
     if (m_heldLines > 0 && m_heldUntilUs <= nowUs) {
         release(m_heldUntilUs);
@@ -13,10 +13,10 @@ void OutputQueue::post(const QByteArray& line, const ChunkShape& shape, qint64 n
     if (m_heldLines == 0) {
         m_heldUntilUs = nowUs + shape.glueWaitUs;
     }
-    m_held += line + "\r\n";
+    m_held += bytes;
     m_heldShape = shape;
     ++m_heldLines;
-    if (m_heldLines >= shape.gluedLines) {
+    if (m_heldLines >= shape.gluedLines || m_held.size() >= c_maxGluedBytes) {
         release(nowUs);
     }
 }

@@ -23,11 +23,12 @@ class OutputQueue
 {
 public:
     static constexpr int c_maxBytes = 1024 * 1024;
+    static constexpr int c_maxGluedBytes = 64 * 1024; ///< what is glued leaves then, however few its lines
 
     explicit OutputQueue(NoteSink note);
 
-    /// Adds CR LF. nowUs never goes back from one call to the next.
-    void post(const QByteArray& line, const ChunkShape& shape, qint64 nowUs);
+    /// bytes: a line with its end, or what has none. nowUs never goes back from one call to the next.
+    void post(const QByteArray& bytes, const ChunkShape& shape, qint64 nowUs);
 
     /// The next chunk that may leave, if there is one. Each is meant for one write of its own.
     std::optional<QByteArray> takeChunk(qint64 nowUs);

@@ -8,44 +8,42 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cmath>
 #include <limits>
 
 #include <unistd.h>
 
 namespace {
 constexpr qint64 c_nsPerUs = 1000;
-constexpr qint64 c_usPerMs = 1000;
+constexpr double c_usPerMs = 1000.0;
 
-Dongle makeDongle(const Options& options)
+/// Which wrenches there are: in a program's words, so that nobody else has to read scenarios.
+QStringList wrenchLines(const Options& options)
 {
-    const RandomSource random(options.seed);
-    std::vector<Wrench> wrenches;
-    for (const Wrench::Settings& settings : options.wrenches) {
-        wrenches.emplace_back(settings, random.stream("tightening " + settings.mac), sayNote);
+    QStringList lines;
+    if (options.tellsWrenches) {
+        for (const Wrench::Settings& wrench : options.scenario.wrenches) {
+            lines.append(QStringLiteral("wrench ") + QString::fromLatin1(wrench.serial));
+        }
     }
-    Dongle dongle(options.dongle, wrenches, random, sayNote);
-    for (const Fault& fault : options.faults) {
-        dongle.faults().add(fault);
-    }
-    return dongle;
+    return lines;
 }
 } // namespace
 
 Simulator::Simulator(const Options& options, QObject* parent)
     : QObject(parent)
-    , m_dongle(makeDongle(options))
-    , m_console(m_dongle, *this)
+    , m_speed(options.speed)
+    , m_words(wrenchLines(options))
     , m_port(makeTerminal(options), LineSpeed(options.baud))
+    , m_simulation(options.scenario, *this, sayNote)
 {
     m_clock.start();
     m_timer.setSingleShot(true);
     m_timer.setTimerType(Qt::PreciseTimer);
-    m_replugTimer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &Simulator::pump);
-    connect(&m_replugTimer, &QTimer::timeout, this, &Simulator::onReplugDue);
     connect(&m_port, &LinePort::received, this, &Simulator::onReceived);
     connect(&m_port, &LinePort::writable, this, &Simulator::pump);
-    connect(&m_port, &LinePort::unread, this, [this] { m_dongle.output().clear(); });
+    connect(&m_port, &LinePort::unread, this, [this] { m_simulation.dongle().output().clear(); });
     connect(&m_port, &LinePort::hungUp, this, &Simulator::onHungUp);
     if (options.hasConsole) {
         m_consoleNotifier = std::make_unique<QSocketNotifier>(STDIN_FILENO, QSocketNotifier::Read);
@@ -57,7 +55,11 @@ Simulator::~Simulator() = default;
 
 bool Simulator::start(QString* error)
 {
-    if (!openLine(error)) {
+    for (const QString& line : m_words) {
+        sayLine(line);
+    }
+    *error = open();
+    if (!error->isEmpty()) {
         return false;
     }
     pump();
@@ -66,30 +68,22 @@ bool Simulator::start(QString* error)
 
 void Simulator::tightenOnce()
 {
-    sayNote(m_console.execute(QStringLiteral("tighten"), nowUs()));
+    sayNote(m_simulation.command(QStringLiteral("tighten"), nowUs()));
     pump();
 }
 
-QString Simulator::unplug()
+QString Simulator::open()
 {
-    if (!m_port.isOpen()) {
-        return QStringLiteral("the line is unplugged already: replug it first");
+    QString error;
+    if (m_port.open(&error)) {
+        sayLine(QStringLiteral("ready ") + m_port.path());
     }
-    m_replugTimer.stop();
-    m_port.close();
-    m_dongle.powerOff(nowUs());
-    return {};
+    return error;
 }
 
-QString Simulator::replug()
+void Simulator::write(const QByteArray& chunk, qint64)
 {
-    if (m_port.isOpen()) {
-        return QStringLiteral("the line is plugged in: unplug it first");
-    }
-    m_replugTimer.stop();
-    QString error;
-    openLine(&error);
-    return error;
+    m_port.write(chunk);
 }
 
 void Simulator::quit()
@@ -99,37 +93,20 @@ void Simulator::quit()
 
 qint64 Simulator::nowUs() const
 {
-    return m_clock.nsecsElapsed() / c_nsPerUs;
-}
-
-bool Simulator::openLine(QString* error)
-{
-    if (!m_port.open(error)) {
-        return false;
-    }
-    sayLine(QStringLiteral("ready ") + m_port.path());
-    return true;
+    return static_cast<qint64>(static_cast<double>(m_clock.nsecsElapsed() / c_nsPerUs) * m_speed);
 }
 
 void Simulator::onReceived(const QByteArray& bytes)
 {
-    m_dongle.receive(bytes, nowUs());
+    m_simulation.receive(bytes, nowUs());
     pump();
 }
 
 void Simulator::onHungUp()
 {
-    m_dongle.powerOff(nowUs());
+    m_simulation.lineLost(nowUs());
     sayNote(
         QStringLiteral("the line %1 has gone away; the console command \"replug\" opens it again").arg(m_port.path()));
-}
-
-void Simulator::onReplugDue()
-{
-    const QString error = replug();
-    if (!error.isEmpty()) {
-        sayNote(error);
-    }
 }
 
 void Simulator::onConsoleReadable()
@@ -149,39 +126,19 @@ void Simulator::onConsoleReadable()
         sayLine(QStringLiteral("error the line is longer than %1 bytes").arg(LineCutter::c_maxLineBytes));
     }
     for (const QByteArray& line : lines) {
-        const QString answer = m_console.execute(QString::fromUtf8(line), nowUs());
-        pump(); // whoever reads the answer finds the line as the command left it
-        sayLine(answer);
+        // Whoever reads the answer finds the line as the command left it.
+        sayLine(m_simulation.command(QString::fromUtf8(line), nowUs()));
     }
+    pump();
 }
 
 void Simulator::pump()
 {
     const qint64 now = nowUs();
-    m_dongle.advance(now);
-    if (const std::optional<int> backMs = m_dongle.takeUnplug(); backMs && m_port.isOpen()) {
-        unplug();
-        if (*backMs > 0) {
-            m_replugTimer.start(*backMs);
-        }
-    }
-    while (m_port.isOpen() && m_port.isWritable()) {
-        const std::optional<QByteArray> chunk = m_dongle.output().takeChunk(now);
-        if (!chunk) {
-            break;
-        }
-        m_port.write(*chunk);
-    }
-
-    std::optional<qint64> dueUs = m_dongle.nextDueUs();
-    const std::optional<qint64> chunkDueUs = m_dongle.output().nextDueUs();
-    // While the line takes nothing its own signal calls, and a timer would only spin.
-    if (chunkDueUs && m_port.isOpen() && m_port.isWritable()) {
-        dueUs = dueUs ? std::min(*dueUs, *chunkDueUs) : *chunkDueUs;
-    }
-    if (dueUs) {
-        const qint64 waitMs = (std::max<qint64>(*dueUs - now, 0) + c_usPerMs - 1) / c_usPerMs;
-        m_timer.start(static_cast<int>(std::min<qint64>(waitMs, std::numeric_limits<int>::max())));
+    m_simulation.advance(now);
+    if (const std::optional<qint64> dueUs = m_simulation.nextDueUs()) {
+        const double waitMs = std::ceil(static_cast<double>(std::max<qint64>(*dueUs - now, 0)) / c_usPerMs / m_speed);
+        m_timer.start(static_cast<int>(std::min<double>(waitMs, std::numeric_limits<int>::max())));
     } else {
         m_timer.stop();
     }

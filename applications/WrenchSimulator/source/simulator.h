@@ -1,10 +1,9 @@
 #pragma once
 
-#include "console.h"
-#include "dongle.h"
 #include "line_cutter.h"
 #include "line_port.h"
 #include "options.h"
+#include "simulation.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -13,8 +12,8 @@
 
 #include <memory>
 
-/// Ties the dongle to a terminal, the clock, the console and the process's signals.
-class Simulator : public QObject, private LineSwitch
+/// Ties a simulation to a terminal, the clock, the console and the process's signals.
+class Simulator : public QObject, private SimulatedLine
 {
     Q_OBJECT
 
@@ -29,24 +28,25 @@ public:
     void tightenOnce();
 
 private:
-    QString unplug() override;
-    QString replug() override;
+    bool isOpen() const override { return m_port.isOpen(); }
+    QString open() override;
+    void close() override { m_port.close(); }
+    bool isWritable() const override { return m_port.isWritable(); }
+    void write(const QByteArray& chunk, qint64 atUs) override;
     void quit() override;
 
     qint64 nowUs() const;
-    bool openLine(QString* error);
     void onReceived(const QByteArray& bytes);
     void onHungUp();
-    void onReplugDue();
     void onConsoleReadable();
     void pump();
 
-    Dongle m_dongle;
-    Console m_console;
+    const double m_speed;
+    const QStringList m_words; ///< said before the first "ready"
     LinePort m_port;
+    Simulation m_simulation;
     QElapsedTimer m_clock;
     QTimer m_timer;
-    QTimer m_replugTimer;
     LineCutter m_consoleCutter{"\n"};
     std::unique_ptr<QSocketNotifier> m_consoleNotifier; ///< none without a console
 };

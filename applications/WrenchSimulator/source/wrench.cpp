@@ -64,6 +64,17 @@ QString Wrench::demand(int count, qint64 nowUs)
     return {};
 }
 
+void Wrench::powerOff()
+{
+    m_isLocked = false;
+    m_isReporting = false;
+    m_program = 0;
+    m_demanded = 0;
+    m_running.reset();
+    m_nextByRateUs.reset();
+    m_results.clear();
+}
+
 void Wrench::advance(qint64 nowUs)
 {
     for (auto dueUs = nextDueUs(); dueUs && *dueUs <= nowUs; dueUs = nextDueUs()) {

@@ -54,6 +54,9 @@ public:
     /// Demands count >= 1 tightenings, one after the other. Returns why the wrench refuses, empty when it does not.
     QString demand(int count, qint64 nowUs);
 
+    /// All but the programs and the number of readings is forgotten, a tightening under way included.
+    void powerOff();
+
     /// Lets the time pass, up to and including nowUs.
     void advance(qint64 nowUs);
 
