@@ -146,6 +146,8 @@ void TestCommandLine::refusesWrongUse_data()
                                          << "unexpected value after '--json'";
     QTest::newRow("unknown language") << "session --language nl"
                                       << "there is no language \"nl\"";
+    QTest::newRow("completion for no shell") << "completion fish"
+                                             << "for which shell is not said, or for one that is not known";
     QTest::newRow("config with an argument") << "config now"
                                              << "the configuration takes no argument \"now\"";
     QTest::newRow("session with an argument") << "session now"

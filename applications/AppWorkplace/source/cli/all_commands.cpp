@@ -1,6 +1,7 @@
 #include "all_commands.h"
 
 #include "commands_command.h"
+#include "completion_command.h"
 #include "config_command.h"
 #include "ports_command.h"
 #include "results_command.h"
@@ -10,6 +11,8 @@
 
 QList<CliEntry> allCommands()
 {
-    return {SessionCommand::entry(),  ResultsCommand::entry(), ScanCommand::entry(),  RunCommand::entry(),
-            CommandsCommand::entry(), PortsCommand::entry(),   ConfigCommand::entry()};
+    return {
+        SessionCommand::entry(),  ResultsCommand::entry(), ScanCommand::entry(),   RunCommand::entry(),
+        CommandsCommand::entry(), PortsCommand::entry(),   ConfigCommand::entry(), CompletionCommand::entry(),
+    };
 }
