@@ -198,7 +198,8 @@ void TestReplay::remarksArePassedOver()
 void TestReplay::frameMayComeInPieces()
 {
     Replay replay("0.000000 > AB\\r\\n\n0.000000 < 1\n");
-    for (const char byte : QByteArray("AB\r")) {
+    const QByteArray frame = "AB\r";
+    for (const char byte : frame) {
         replay.send(QByteArray(1, byte));
         QCOMPARE(replay.taken(), QByteArray());
     }

@@ -127,15 +127,13 @@ qint64 SimulatedWorkplace::nextDueUs(qint64 untilUs) const
 void SimulatedWorkplace::runDue()
 {
     m_port->advance();
-    const QList<QTimer*> timers = m_timers.keys();
-    for (QTimer* timer : timers) {
-        const PlainTimer due = m_timers.value(timer);
-        if (due.dueUs <= clock.nowUs()) {
-            m_timers.remove(timer);
-            QTimerEvent event(due.id);
-            QCoreApplication::sendEvent(timer, &event);
-            return; // it may have destroyed the others
-        }
+    const auto due = std::find_if(m_timers.begin(), m_timers.end(),
+                                  [this](const PlainTimer& timer) { return timer.dueUs <= clock.nowUs(); });
+    if (due != m_timers.end()) {
+        QTimerEvent event(due->id);
+        QTimer* timer = due->timer;
+        m_timers.erase(due); // its interval begins again; who is still active is looked up in the next turn
+        QCoreApplication::sendEvent(timer, &event);
     }
 }
 
@@ -144,16 +142,17 @@ void SimulatedWorkplace::runDue()
 /// a new id, and one that has gone off once begins its interval again.
 void SimulatedWorkplace::watchTimers()
 {
-    QMap<QTimer*, PlainTimer> active;
+    QVector<PlainTimer> active;
     const QList<QTimer*> timers = host.findChildren<QTimer*>();
     for (QTimer* timer : timers) {
         if (!timer->isActive() || timer->interval() == 0) {
             continue;
         }
-        const auto known = m_timers.constFind(timer);
-        const bool isKnown = known != m_timers.constEnd() && known->id == timer->timerId();
-        active.insert(timer,
-                      isKnown ? *known : PlainTimer{timer->timerId(), clock.nowUs() + timer->interval() * c_usPerMs});
+        const auto known = std::find_if(m_timers.cbegin(), m_timers.cend(), [timer](const PlainTimer& each) {
+            return each.timer == timer && each.id == timer->timerId();
+        });
+        const qint64 dueUs = known == m_timers.cend() ? clock.nowUs() + timer->interval() * c_usPerMs : known->dueUs;
+        active.append({timer, timer->timerId(), dueUs});
     }
     m_timers = active;
 }

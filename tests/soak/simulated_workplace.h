@@ -3,8 +3,8 @@
 #include "line_record.h"
 #include "manual_clock.h"
 
-#include <QMap>
 #include <QStringList>
+#include <QVector>
 
 #include <functional>
 #include <memory>
@@ -56,6 +56,7 @@ private:
     /// A timer of Qt's own, which the commands of the device plugin use.
     struct PlainTimer
     {
+        QTimer* timer;
         int id;
         qint64 dueUs;
     };
@@ -67,5 +68,5 @@ private:
 
     DonglePort* m_port = nullptr; // owned by the driver
     int m_prototypes = 0;
-    QMap<QTimer*, PlainTimer> m_timers;
+    QVector<PlainTimer> m_timers; // the active ones
 };

@@ -63,6 +63,8 @@ public:
     QString play(const QString& file);
 
 private:
+    friend class TranscriptRecorder; // does single steps
+
     using Action = QString (TranscriptPlayer::*)(const TranscriptStep& step); // returns a complaint or nothing
 
     QString play(const QVector<TranscriptStep>& steps);

@@ -11,9 +11,9 @@ const QString c_eventKey = QStringLiteral("event");
 
 bool WorkplaceRun::start(const QStringList& arguments)
 {
-    return ProgramRun::start(QStringLiteral(APP_WORKPLACE),
-                             arguments + QStringList{QStringLiteral("--data"), m_store, QStringLiteral("--trace"),
-                                                     m_folder.filePath(QStringLiteral("trace"))});
+    return ProgramRun::start(
+        QStringLiteral(APP_WORKPLACE),
+        arguments + QStringList{QStringLiteral("--data"), m_store, QStringLiteral("--trace"), traceFile()});
 }
 
 bool WorkplaceRun::startOn(const QString& port, const QStringList& arguments)
@@ -56,7 +56,7 @@ bool WorkplaceRun::waitForEvents(const QString& event, int count)
 
 LineTrace WorkplaceRun::trace() const
 {
-    return LineTrace::fromFile(m_folder.filePath(QStringLiteral("trace")));
+    return LineTrace::fromFile(traceFile());
 }
 
 bool WorkplaceRun::waitForFrames(int count)

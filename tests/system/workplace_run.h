@@ -28,6 +28,7 @@ public:
     bool waitForEvents(const QString& event, int count = 1);
 
     LineTrace trace() const;
+    QString traceFile() const { return m_folder.filePath(QStringLiteral("trace")); }
     /// True: as many frames, or more, have been written to the line.
     bool waitForFrames(int count);
 

@@ -66,7 +66,7 @@ std::optional<qint64> Replayer::nextDueUs() const
 
 QString Replayer::summary() const
 {
-    const QString played =
+    QString played =
         QStringLiteral("%1: played %2 chunks, took %3 frames, %4 different")
             .arg(m_trace.path(), QString::number(m_chunks), QString::number(m_frames), QString::number(m_differences));
     if (!m_hasEntry) {
