@@ -77,6 +77,7 @@ void SessionCommand::interrupt()
         Q_EMIT sigDone(int(Problem::Kind::Device)); // before anything was begun
     } else {
         m_exitStatus = m_hasListened ? 0 : int(Problem::Kind::Device);
+        m_service->tellStopping();
         m_session->interrupt();
     }
 }
@@ -129,6 +130,9 @@ void SessionCommand::begin()
         LinkedDevice{m_workplace.host(), m_workplace.clock(), *m_workplace.instanceOf(*m_device), m_workplace.driver()},
         m_order);
     Session* session = m_session.get();
+    m_service = std::make_unique<SessionService>(*session, LinkedDevice{m_workplace.host(), m_workplace.clock(),
+                                                                        *m_workplace.instanceOf(*m_device),
+                                                                        m_workplace.driver()});
     m_report->opened(m_workplace.portInUse(), m_settings.isSimulated());
     connect(session, &Session::sigStepStarted, this, [this](Session::Step step) {
         m_hasListened = step == Session::Step::Listen;

@@ -5,6 +5,7 @@
 #include "../history/history_store.h"
 #include "../history/result_recorder.h"
 #include "../services/session.h"
+#include "../services/session_service.h"
 #include "command_line.h"
 #include "session_report.h"
 #include "workplace_command.h"
@@ -38,6 +39,7 @@ private:
     HistoryStore m_store;
     std::unique_ptr<ResultRecorder> m_recorder;
     std::unique_ptr<Session> m_session;
+    std::unique_ptr<SessionService> m_service;
     bool m_hasListened = false;
     bool m_hasFailed = false;
     int m_exitStatus = 0;
