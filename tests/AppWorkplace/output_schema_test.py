@@ -29,6 +29,9 @@ RUNS = [
     (["commands"], 0),
     (["commands", "nothing"], 2),
     (["ports"], 0),
+    (["doctor", "--scan", "0.2", "--wait-result", "10"], 0),
+    (["doctor", "--scan", "0.2", "--serial-id", "2210", "--port", "/dev/null"], 3),
+    (["doctor", "--scan", "many"], 2),
     (["config"], 0),
     (["results"], 0),
     (["results", "--last", "1"], 0),
@@ -112,7 +115,7 @@ class SchemaTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         arguments = [["session", "--count", "1", "--program", "2"], ["session", "--program", "9"], ["commands"],
-                     ["run", "checkSerialId"], ["config"], ["results"]]
+                     ["run", "checkSerialId"], ["doctor", "--scan", "0.2"], ["config"], ["results"]]
         cls.samples = {}
         for each in arguments:
             done = run(each)

@@ -48,6 +48,7 @@ void LineObserver::stop()
 
 void LineObserver::receive(const QByteArray& bytes, int chunk)
 {
+    m_heardBytes += bytes.size();
     int start = 0;
     for (int end = bytes.indexOf('\n'); end >= 0; end = bytes.indexOf('\n', start)) {
         keep(bytes.constData() + start, end - start);

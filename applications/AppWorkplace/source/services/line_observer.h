@@ -28,6 +28,9 @@ public:
     QString lastRefusal() const { return m_lastRefusal; }
     void forgetRefusal() { m_lastRefusal.clear(); }
 
+    /// How many bytes have come so far, in lines or not.
+    qint64 heardBytes() const { return m_heardBytes; }
+
 Q_SIGNALS:
     /// Each line, without its line end. chunk: the driver's number of the chunk that ended it.
     void sigLineHeard(const QByteArray& line, int chunk);
@@ -45,4 +48,5 @@ private:
     QByteArray m_partialLine;
     bool m_isTooLong = false; // the line is dropped, up to its end
     QString m_lastRefusal;
+    qint64 m_heardBytes = 0;
 };

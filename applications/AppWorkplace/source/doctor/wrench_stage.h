@@ -1,0 +1,18 @@
+#pragma once
+
+#include "doctor_stage.h"
+
+/// The wrench acknowledges a frame, and tells its lock.
+class WrenchStage : public DoctorStage
+{
+    Q_OBJECT
+
+public:
+    explicit WrenchStage(DoctorBench& bench);
+
+    void start() override;
+
+private:
+    void judge(const QString& answer);
+    void failUnanswered();
+};
