@@ -42,6 +42,11 @@ private Q_SLOTS:
     void tellsOnlyResultsWhenQuiet();
     void tellsErrorsWhenQuiet();
     void tellsWhatIsInUseWhenVerbose();
+    void speaksTheLanguageOfTheEnvironment();
+    void speaksTheLanguageThatIsNamed();
+    void speaksTheLanguageOfTheConfiguration();
+    void letsTheDriverSpeakTheLanguage();
+    void keepsWhatIsForPrograms();
 
 private:
     static bool write(const QString& file, const QByteArray& text);
@@ -317,6 +322,70 @@ void TestCommandUsage::tellsWhatIsInUseWhenVerbose()
         QVERIFY2(run.messages().contains(QLatin1String(told)), run.report());
     }
     QVERIFY2(!run.output().contains(QLatin1String("app_workplace")), run.report());
+}
+
+void TestCommandUsage::speaksTheLanguageOfTheEnvironment()
+{
+    const QByteArray before = qgetenv("LC_ALL");
+    qputenv("LC_ALL", "de_DE.UTF-8");
+    WorkplaceRun run;
+    const bool isStarted = run.start(words("session --help"));
+    qputenv("LC_ALL", before);
+    QVERIFY(isStarted);
+    QVERIFY2(run.waitForEnd(), run.report());
+    QVERIFY2(run.output().startsWith(QLatin1String("Aufruf: app_workplace ")), run.report());
+    QVERIFY2(run.output().contains(QLatin1String("Optionen dieses Befehls")), run.report());
+}
+
+void TestCommandUsage::speaksTheLanguageThatIsNamed()
+{
+    WorkplaceRun run;
+    QVERIFY(run.start(words("dance --language fr")));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), c_usage);
+    QVERIFY2(run.messages().contains(QString::fromUtf8("la commande « dance » n’existe pas")), run.report());
+}
+
+void TestCommandUsage::speaksTheLanguageOfTheConfiguration()
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("configuration.json"));
+    QVERIFY(write(file, "{ \"language\": \"de\" }"));
+    WorkplaceRun run;
+    QVERIFY(run.start(words("run frobnicate --config") << file));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QVERIFY2(run.messages().contains(QString::fromUtf8("kein geladenes Plugin hat den Befehl")), run.report());
+}
+
+void TestCommandUsage::letsTheDriverSpeakTheLanguage()
+{
+    WorkplaceRun run;
+    QVERIFY(run.start(words("scan --language de --port /dev/no-such-port")));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), c_setUpProblem);
+    QVERIFY2(run.messages().contains(QString::fromUtf8("Den Anschluss /dev/no-such-port gibt es nicht")), run.report());
+}
+
+void TestCommandUsage::keepsWhatIsForPrograms()
+{
+    QList<QStringList> keys;
+    for (const char* language : {"en", "de"}) {
+        WorkplaceRun run;
+        QVERIFY(run.start(words("session --json --program 9 --language") << QLatin1String(language)));
+        QVERIFY2(run.waitForEnd(), run.report());
+        QStringList all;
+        const QList<QJsonObject> events = run.events();
+        for (const QJsonObject& event : events) {
+            const bool isScan =
+                event.value(QLatin1String("event")) == QLatin1String("scan"); // as often as they are heard
+            all += isScan ? QStringList()
+                          : event.keys() + QStringList{event.value(QLatin1String("event")).toString(),
+                                                       event.value(QLatin1String("step")).toString()};
+        }
+        QVERIFY2(all.contains(QLatin1String("select")), run.report());
+        keys.append(all);
+    }
+    QCOMPARE(keys.first(), keys.last());
 }
 
 QTEST_GUILESS_MAIN(TestCommandUsage)

@@ -10,828 +10,1174 @@ Runs a tightening workplace with one wireless torque wrench.
 
 Commands (each has --help):
 </source>
-        <translation type="unfinished"></translation>
+        <translation>Utilisation : %1 [options] COMMANDE …
+
+Fait fonctionner un poste de serrage avec une clé dynamométrique sans fil.
+
+Commandes (chacune connaît --help) :
+</translation>
     </message>
     <message>
         <source>
 Options, before or behind the command:
 </source>
-        <translation type="unfinished"></translation>
+        <translation>
+Options, avant ou après la commande :
+</translation>
     </message>
     <message>
         <source>
 Exit status: 0 done, 1 the device said no or did not answer, 2 wrong usage, 3 set-up problem.</source>
-        <translation type="unfinished"></translation>
+        <translation>
+Code de retour : 0 terminé, 1 l’appareil a refusé ou n’a pas répondu, 2 mauvaise utilisation, 3 problème d’installation.</translation>
     </message>
     <message>
         <source>Usage: %1 [options] %2
 
 %3
 </source>
-        <translation type="unfinished"></translation>
+        <translation>Utilisation : %1 [options] %2
+
+%3
+</translation>
     </message>
     <message>
         <source>
 Options of this command:
 </source>
-        <translation type="unfinished"></translation>
+        <translation>
+Options de cette commande :
+</translation>
     </message>
     <message>
         <source>
 Options of every command:
 </source>
-        <translation type="unfinished"></translation>
+        <translation>
+Options de toutes les commandes :
+</translation>
     </message>
     <message>
         <source>see %1 --help</source>
-        <translation type="unfinished"></translation>
+        <translation>voir %1 --help</translation>
     </message>
     <message>
         <source>there is no option &quot;--%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>l’option « --%1 » n’existe pas</translation>
     </message>
     <message>
         <source>unexpected value after &apos;%1&apos;</source>
-        <translation type="unfinished"></translation>
+        <translation>valeur inattendue après « %1 »</translation>
     </message>
     <message>
         <source>missing value after &apos;%1&apos;</source>
-        <translation type="unfinished"></translation>
+        <translation>il manque une valeur après « %1 »</translation>
     </message>
     <message>
         <source>A configuration file; the command line goes before it. Empty: none.</source>
-        <translation type="unfinished"></translation>
+        <translation>Un fichier de configuration ; la ligne de commande l’emporte. Vide : aucun.</translation>
     </message>
     <message>
         <source>Shows this help.</source>
-        <translation type="unfinished"></translation>
+        <translation>Affiche cette aide.</translation>
     </message>
     <message>
         <source>no command is given</source>
-        <translation type="unfinished"></translation>
+        <translation>aucune commande n’est indiquée</translation>
     </message>
     <message>
         <source>there is no command &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>la commande « %1 » n’existe pas</translation>
     </message>
 </context>
 <context>
     <name>CommandsCommand</name>
     <message>
         <source>one command can be told about, not %1</source>
-        <translation type="unfinished"></translation>
+        <translation>une seule commande peut être décrite, pas %1</translation>
     </message>
     <message>
         <source>see app_workplace commands --help</source>
-        <translation type="unfinished"></translation>
+        <translation>voir app_workplace commands --help</translation>
     </message>
     <message>
         <source>%1: none declared</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 : rien n’est déclaré</translation>
     </message>
     <message>
         <source>name</source>
-        <translation type="unfinished"></translation>
+        <translation>nom</translation>
     </message>
     <message>
         <source>type</source>
-        <translation type="unfinished"></translation>
+        <translation>type</translation>
     </message>
     <message>
         <source>default</source>
-        <translation type="unfinished"></translation>
+        <translation>valeur par défaut</translation>
     </message>
     <message>
         <source>description</source>
-        <translation type="unfinished"></translation>
+        <translation>description</translation>
     </message>
     <message>
         <source>Lists what the loaded plugins offer, or tells about one command.</source>
-        <translation type="unfinished"></translation>
+        <translation>Liste ce que proposent les modules chargés, ou décrit une commande.</translation>
     </message>
     <message>
         <source>there is no plugin</source>
-        <translation type="unfinished"></translation>
+        <translation>il n’y a aucun module</translation>
     </message>
     <message>
         <source>none was loaded</source>
-        <translation type="unfinished"></translation>
+        <translation>aucun n’a été chargé</translation>
     </message>
     <message>
         <source>check the folder of the plugins with --plugins</source>
-        <translation type="unfinished"></translation>
+        <translation>vérifiez le dossier des modules avec --plugins</translation>
     </message>
     <message>
         <source>no loaded plugin has the command &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>aucun module chargé n’a la commande « %1 »</translation>
     </message>
     <message>
         <source>&quot;app_workplace commands&quot; lists what there is</source>
-        <translation type="unfinished"></translation>
+        <translation>« app_workplace commands » montre ce qui existe</translation>
     </message>
     <message>
         <source>command</source>
-        <translation type="unfinished"></translation>
+        <translation>commande</translation>
     </message>
     <message>
         <source>stopped by</source>
-        <translation type="unfinished"></translation>
+        <translation>arrêtée par</translation>
     </message>
     <message>
         <source>Runs until it is stopped by &quot;%1&quot; (Ctrl-C).</source>
-        <translation type="unfinished"></translation>
+        <translation>Continue jusqu’à l’arrêt par « %1 » (Ctrl-C).</translation>
     </message>
     <message>
         <source>Parameters</source>
-        <translation type="unfinished"></translation>
+        <translation>Paramètres</translation>
     </message>
     <message>
         <source>Results</source>
-        <translation type="unfinished"></translation>
+        <translation>Résultats</translation>
+    </message>
+</context>
+<context>
+    <name>CompletionCommand</name>
+    <message>
+        <source>for which shell is not said, or for one that is not known</source>
+        <translation>l’interpréteur n’est pas indiqué, ou il est inconnu</translation>
+    </message>
+    <message>
+        <source>write &quot;app_workplace completion bash&quot; or &quot;app_workplace completion zsh&quot;</source>
+        <translation>écrivez « app_workplace completion bash » ou « app_workplace completion zsh »</translation>
+    </message>
+    <message>
+        <source>Prints the script that completes command lines in a shell.</source>
+        <translation>Affiche le script qui complète les lignes de commande dans un interpréteur.</translation>
     </message>
 </context>
 <context>
     <name>ConfigCommand</name>
     <message>
         <source>the configuration takes no argument &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>la configuration n’accepte pas l’argument « %1 »</translation>
     </message>
     <message>
         <source>see %1 --help</source>
-        <translation type="unfinished"></translation>
+        <translation>voir %1 --help</translation>
     </message>
     <message>
         <source>default</source>
-        <translation type="unfinished"></translation>
+        <translation>valeur par défaut</translation>
     </message>
     <message>
         <source>%1, line %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, ligne %2</translation>
     </message>
     <message>
         <source>environment, %1</source>
-        <translation type="unfinished"></translation>
+        <translation>environnement, %1</translation>
     </message>
     <message>
         <source>command line, %1</source>
-        <translation type="unfinished"></translation>
+        <translation>ligne de commande, %1</translation>
     </message>
     <message>
         <source>Shows the settings in effect and where each comes from.</source>
-        <translation type="unfinished"></translation>
+        <translation>Montre les réglages en vigueur et l’origine de chacun.</translation>
     </message>
     <message>
         <source>Writes a commented file of the defaults, to this user&apos;s own place when no other is named; - for standard output.</source>
-        <translation type="unfinished"></translation>
+        <translation>Écrit un fichier commenté des valeurs par défaut, à l’emplacement de cet utilisateur si aucun autre n’est indiqué ; - pour la sortie standard.</translation>
     </message>
     <message>
         <source>the file %1 is not written</source>
-        <translation type="unfinished"></translation>
+        <translation>le fichier %1 n’est pas écrit</translation>
     </message>
     <message>
         <source>it is there already</source>
-        <translation type="unfinished"></translation>
+        <translation>il existe déjà</translation>
     </message>
     <message>
         <source>name another file, or move that one away</source>
-        <translation type="unfinished"></translation>
+        <translation>indiquez un autre fichier, ou déplacez celui-ci</translation>
     </message>
     <message>
         <source>%1 is written; it holds the defaults.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 est écrit ; il contient les valeurs par défaut.</translation>
     </message>
     <message>
         <source>setting</source>
-        <translation type="unfinished"></translation>
+        <translation>réglage</translation>
     </message>
     <message>
         <source>value</source>
-        <translation type="unfinished"></translation>
+        <translation>valeur</translation>
     </message>
     <message>
         <source>from</source>
-        <translation type="unfinished"></translation>
+        <translation>origine</translation>
     </message>
     <message>
         <source>Configuration: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Configuration : %1</translation>
     </message>
     <message>
         <source>Configuration: none was read; this user&apos;s own would be %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Configuration : aucune n’a été lue ; celle de cet utilisateur serait %1</translation>
     </message>
 </context>
 <context>
     <name>ConfigurationFile</name>
     <message>
         <source>put its value between quotes</source>
-        <translation type="unfinished"></translation>
+        <translation>mettez sa valeur entre guillemets</translation>
     </message>
     <message>
         <source>write true or false</source>
-        <translation type="unfinished"></translation>
+        <translation>écrivez true ou false</translation>
     </message>
     <message>
         <source>write a whole number, without quotes</source>
-        <translation type="unfinished"></translation>
+        <translation>écrivez un nombre entier, sans guillemets</translation>
     </message>
     <message>
         <source>write a number, without quotes</source>
-        <translation type="unfinished"></translation>
+        <translation>écrivez un nombre, sans guillemets</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not a text</source>
-        <translation type="unfinished"></translation>
+        <translation>« %1 » n’est pas un texte</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is neither true nor false</source>
-        <translation type="unfinished"></translation>
+        <translation>« %1 » ne vaut ni true ni false</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not a whole number</source>
-        <translation type="unfinished"></translation>
+        <translation>« %1 » n’est pas un nombre entier</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not a number</source>
-        <translation type="unfinished"></translation>
+        <translation>« %1 » n’est pas un nombre</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not an object</source>
-        <translation type="unfinished"></translation>
+        <translation>« %1 » n’est pas un objet</translation>
     </message>
     <message>
         <source>write &quot;%1&quot;: {…}</source>
-        <translation type="unfinished"></translation>
+        <translation>écrivez &quot;%1&quot;: {…}</translation>
     </message>
     <message>
         <source>write &quot;driver&quot;: {&quot;baudRate&quot;: 115200}</source>
-        <translation type="unfinished"></translation>
+        <translation>écrivez &quot;driver&quot;: {&quot;baudRate&quot;: 115200}</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not known</source>
-        <translation type="unfinished"></translation>
+        <translation>« %1 » est inconnu</translation>
     </message>
     <message>
         <source>known are: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>sont connus : %1</translation>
     </message>
     <message>
         <source>the configuration %1 is not used, line %2</source>
-        <translation type="unfinished"></translation>
+        <translation>la configuration %1 n’est pas utilisée, ligne %2</translation>
     </message>
     <message>
         <source>the configuration %1 cannot be read</source>
-        <translation type="unfinished"></translation>
+        <translation>la configuration %1 est illisible</translation>
     </message>
     <message>
         <source>check the name and the rights of the file</source>
-        <translation type="unfinished"></translation>
+        <translation>vérifiez le nom et les droits du fichier</translation>
     </message>
     <message>
         <source>mend the JSON text there</source>
-        <translation type="unfinished"></translation>
+        <translation>corrigez le texte JSON à cet endroit</translation>
     </message>
     <message>
         <source>it is not a JSON object</source>
-        <translation type="unfinished"></translation>
+        <translation>ce n’est pas un objet JSON</translation>
     </message>
     <message>
         <source>write {&quot;port&quot;: &quot;…&quot;, &quot;serialId&quot;: &quot;…&quot;}</source>
-        <translation type="unfinished"></translation>
+        <translation>écrivez {&quot;port&quot;: &quot;…&quot;, &quot;serialId&quot;: &quot;…&quot;}</translation>
     </message>
 </context>
 <context>
     <name>ConfigurationText</name>
     <message>
         <source>%1 For example: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 Par exemple : %2</translation>
     </message>
     <message>
         <source>Configuration of app_workplace. Keys that begin with // are comments. The values are the defaults; an empty text stands for &quot;not said&quot;. What is given on the command line goes before it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Configuration de app_workplace. Les clés qui commencent par // sont des commentaires. Les valeurs sont celles par défaut ; un texte vide signifie « non indiqué ». La ligne de commande l’emporte.</translation>
     </message>
     <message>
         <source>Settings of the serial driver.</source>
-        <translation type="unfinished"></translation>
+        <translation>Réglages du pilote série.</translation>
     </message>
 </context>
 <context>
     <name>Console</name>
     <message>
         <source>The results cannot be written (%1): make room, or write them elsewhere.</source>
-        <translation type="unfinished"></translation>
+        <translation>Impossible d’écrire les résultats (%1) : faites de la place, ou écrivez-les ailleurs.</translation>
     </message>
 </context>
 <context>
     <name>DeviceStore</name>
     <message>
         <source>it holds no JSON object</source>
-        <translation type="unfinished"></translation>
+        <translation>il ne contient pas d’objet JSON</translation>
     </message>
 </context>
 <context>
     <name>DriverSettings</name>
     <message>
         <source>write &quot;%1&quot; beside &quot;driver&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>écrivez « %1 » à côté de « driver »</translation>
     </message>
     <message>
         <source>known are: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>sont connus : %1</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no setting of the driver</source>
-        <translation type="unfinished"></translation>
+        <translation>« %1 » n’est pas un réglage du pilote</translation>
     </message>
 </context>
 <context>
     <name>HeardWrenches</name>
     <message>
         <source>the wrench %1 was heard, but the link to it did not come about</source>
-        <translation type="unfinished"></translation>
+        <translation>la clé %1 a été entendue, mais la liaison radio n’a pas pu être établie</translation>
     </message>
     <message>
         <source>%1 (%2 dBm)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2 dBm)</translation>
     </message>
     <message>
         <source>no wrench was heard</source>
-        <translation type="unfinished"></translation>
+        <translation>aucune clé n’a été entendue</translation>
     </message>
     <message>
         <source>the wrench %1 was not heard, only %2</source>
-        <translation type="unfinished"></translation>
+        <translation>la clé %1 n’a pas été entendue, seulement %2</translation>
+    </message>
+</context>
+<context>
+    <name>History</name>
+    <message>
+        <source>Qt&apos;s driver for SQLite is not installed (Debian: libqt5sql5-sqlite)</source>
+        <translation>le pilote SQLite de Qt n’est pas installé (Debian : libqt5sql5-sqlite)</translation>
+    </message>
+    <message>
+        <source>the file %1 is not written</source>
+        <translation>le fichier %1 n’est pas écrit</translation>
+    </message>
+    <message>
+        <source>make room and check the rights of its folder, or name another file</source>
+        <translation>faites de la place et vérifiez les droits de son dossier, ou indiquez un autre fichier</translation>
+    </message>
+    <message>
+        <source>another program keeps %1 locked (%2)</source>
+        <translation>un autre programme garde %1 verrouillé (%2)</translation>
+    </message>
+    <message>
+        <source>close the program that holds it, then start again</source>
+        <translation>fermez le programme qui le retient, puis recommencez</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written (%2)</source>
+        <translation>%1 ne peut pas être écrit (%2)</translation>
+    </message>
+    <message>
+        <source>give this user the right to write the file and its folder %1, or name another folder with --data</source>
+        <translation>donnez à cet utilisateur le droit d’écrire le fichier et son dossier %1, ou indiquez un autre dossier avec --data</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened (%2)</source>
+        <translation>%1 ne peut pas être ouvert (%2)</translation>
+    </message>
+    <message>
+        <source>give this user the right to write in the folder %1, or name another folder with --data</source>
+        <translation>donnez à cet utilisateur le droit d’écrire dans le dossier %1, ou indiquez un autre dossier avec --data</translation>
+    </message>
+    <message>
+        <source>there is no room for it in %1 (%2)</source>
+        <translation>il n’y a pas de place pour cela dans %1 (%2)</translation>
+    </message>
+    <message>
+        <source>make room on that disk, then start again</source>
+        <translation>faites de la place sur ce disque, puis recommencez</translation>
+    </message>
+    <message>
+        <source>the disk refuses %1 (%2)</source>
+        <translation>le disque refuse %1 (%2)</translation>
+    </message>
+    <message>
+        <source>check the room and the health of the disk that holds %1, then start again</source>
+        <translation>vérifiez la place et l’état du disque qui contient %1, puis recommencez</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>mend the cause, then start again</source>
+        <translation>supprimez la cause, puis recommencez</translation>
+    </message>
+    <message>
+        <source>the history %1 is not used, and was left as it is</source>
+        <translation>l’historique %1 n’est pas utilisé et a été laissé tel quel</translation>
+    </message>
+    <message>
+        <source>put a backup in its place, or move %1 and the files beside it that begin with its name elsewhere; docs/history.md says what can be read from them</source>
+        <translation>mettez une sauvegarde à sa place, ou déplacez %1 et les fichiers voisins qui commencent par son nom ; docs/history.md dit ce qu’on peut en lire</translation>
+    </message>
+    <message>
+        <source>the history cannot be read</source>
+        <translation>l’historique ne peut pas être lu</translation>
+    </message>
+    <message>
+        <source>the history cannot be written</source>
+        <translation>l’historique ne peut pas être écrit</translation>
+    </message>
+    <message>
+        <source>its disk has no shared memory</source>
+        <translation>son disque n’a pas de mémoire partagée</translation>
+    </message>
+    <message>
+        <source>name a folder on a local disk with --data</source>
+        <translation>indiquez avec --data un dossier sur un disque local</translation>
+    </message>
+    <message>
+        <source>the history cannot be brought up to date</source>
+        <translation>l’historique ne peut pas être mis à jour</translation>
+    </message>
+    <message>
+        <source>the history cannot be begun</source>
+        <translation>l’historique ne peut pas être créé</translation>
+    </message>
+    <message>
+        <source>make room and give this user the right to write in the folder %1, or name another folder with --data</source>
+        <translation>faites de la place et donnez à cet utilisateur le droit d’écrire dans le dossier %1, ou indiquez un autre dossier avec --data</translation>
+    </message>
+    <message>
+        <source>the folder %1 cannot be made</source>
+        <translation>le dossier %1 ne peut pas être créé</translation>
+    </message>
+    <message>
+        <source>the history %1 cannot be read</source>
+        <translation>l’historique %1 ne peut pas être lu</translation>
+    </message>
+    <message>
+        <source>check the name and the rights of the file</source>
+        <translation>vérifiez le nom et les droits du fichier</translation>
+    </message>
+    <message>
+        <source>its beginning is damaged</source>
+        <translation>son début est endommagé</translation>
+    </message>
+    <message>
+        <source>another program has made it</source>
+        <translation>un autre programme l’a créé</translation>
+    </message>
+    <message>
+        <source>name another folder with --data</source>
+        <translation>indiquez un autre dossier avec --data</translation>
+    </message>
+    <message>
+        <source>a newer program has written it (version %1; this one knows %2)</source>
+        <translation>un programme plus récent l’a écrit (version %1 ; celui-ci connaît %2)</translation>
+    </message>
+    <message>
+        <source>use the newer program, or name another folder with --data</source>
+        <translation>utilisez le programme plus récent, ou indiquez un autre dossier avec --data</translation>
+    </message>
+    <message>
+        <source>an older program has written it (version %1)</source>
+        <translation>un programme plus ancien l’a écrit (version %1)</translation>
+    </message>
+    <message>
+        <source>begin a session once; it brings the file up to date</source>
+        <translation>lancez une session une fois ; elle met le fichier à jour</translation>
+    </message>
+    <message>
+        <source>it is damaged: %1</source>
+        <translation>il est endommagé : %1</translation>
+    </message>
+    <message>
+        <source>the result cannot be stored</source>
+        <translation>le résultat ne peut pas être enregistré</translation>
     </message>
 </context>
 <context>
     <name>Language</name>
     <message>
         <source>there is no language &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>la langue « %1 » n’existe pas</translation>
     </message>
     <message>
         <source>choose one of: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>choisissez parmi : %1</translation>
     </message>
 </context>
 <context>
     <name>Main</name>
     <message>
         <source>app_workplace %1</source>
-        <translation type="unfinished"></translation>
+        <translation>app_workplace %1</translation>
     </message>
     <message>
         <source>no configuration file</source>
-        <translation type="unfinished"></translation>
+        <translation>aucun fichier de configuration</translation>
     </message>
     <message>
         <source>configuration file %1</source>
-        <translation type="unfinished"></translation>
+        <translation>fichier de configuration %1</translation>
     </message>
     <message>
         <source>%1 ended after %2 s with exit status %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 s’est terminé après %2 s avec le code de retour %3</translation>
     </message>
 </context>
 <context>
     <name>NumberOptions</name>
     <message>
         <source>--%1 takes %2, not &quot;%3&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>--%1 attend %2, pas « %3 »</translation>
     </message>
     <message>
         <source>a whole number from %1 to %2</source>
-        <translation type="unfinished"></translation>
+        <translation>un nombre entier de %1 à %2</translation>
     </message>
     <message>
         <source>seconds from %1 to %2</source>
-        <translation type="unfinished"></translation>
+        <translation>des secondes de %1 à %2</translation>
     </message>
 </context>
 <context>
     <name>Parameters</name>
     <message>
         <source>true or false</source>
-        <translation type="unfinished"></translation>
+        <translation>true ou false</translation>
     </message>
     <message>
         <source>a whole number</source>
-        <translation type="unfinished"></translation>
+        <translation>un nombre entier</translation>
     </message>
     <message>
         <source>a whole number, 0 or more</source>
-        <translation type="unfinished"></translation>
+        <translation>un nombre entier, 0 ou plus</translation>
     </message>
     <message>
         <source>a text (escapes: \r \n \t \\ \xHH)</source>
-        <translation type="unfinished"></translation>
+        <translation>un texte (caractères spéciaux : \r \n \t \\ \xHH)</translation>
     </message>
     <message>
         <source>a JSON object</source>
-        <translation type="unfinished"></translation>
+        <translation>un objet JSON</translation>
     </message>
     <message>
         <source>a JSON array</source>
-        <translation type="unfinished"></translation>
+        <translation>un tableau JSON</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not of the form name=value</source>
-        <translation type="unfinished"></translation>
+        <translation>« %1 » n’a pas la forme nom=valeur</translation>
     </message>
     <message>
         <source>the parameter &quot;%1&quot; is given twice</source>
-        <translation type="unfinished"></translation>
+        <translation>le paramètre « %1 » est indiqué deux fois</translation>
     </message>
     <message>
         <source>the command &quot;%1&quot; has no parameter &quot;%2&quot;; it has: %3</source>
-        <translation type="unfinished"></translation>
+        <translation>la commande « %1 » n’a pas de paramètre « %2 » ; elle a : %3</translation>
     </message>
     <message>
         <source>the parameter &quot;%1&quot; of &quot;%2&quot; takes %3, not &quot;%4&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>le paramètre « %1 » de « %2 » attend %3, pas « %4 »</translation>
     </message>
     <message>
         <source>the command &quot;%1&quot; needs the parameter &quot;%2&quot;: %3=%4</source>
-        <translation type="unfinished"></translation>
+        <translation>la commande « %1 » a besoin du paramètre « %2 » : %3=%4</translation>
     </message>
 </context>
 <context>
     <name>PortsCommand</name>
     <message>
         <source>the list of ports takes no argument &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>la liste des ports n’accepte pas l’argument « %1 »</translation>
     </message>
     <message>
         <source>see app_workplace ports --help</source>
-        <translation type="unfinished"></translation>
+        <translation>voir app_workplace ports --help</translation>
     </message>
     <message>
         <source>Lists the serial ports of this machine.</source>
-        <translation type="unfinished"></translation>
+        <translation>Liste les ports série de cette machine.</translation>
     </message>
     <message>
         <source>port</source>
-        <translation type="unfinished"></translation>
+        <translation>port</translation>
     </message>
     <message>
         <source>usable</source>
-        <translation type="unfinished"></translation>
+        <translation>utilisable</translation>
     </message>
     <message>
         <source>lasting name</source>
-        <translation type="unfinished"></translation>
+        <translation>nom durable</translation>
     </message>
     <message>
         <source>description</source>
-        <translation type="unfinished"></translation>
+        <translation>description</translation>
     </message>
     <message>
         <source>yes</source>
-        <translation type="unfinished"></translation>
+        <translation>oui</translation>
     </message>
     <message>
         <source>no right</source>
-        <translation type="unfinished"></translation>
+        <translation>aucun droit</translation>
     </message>
     <message>
         <source>This machine has no serial port; plug the adapter in and call this again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Cette machine n’a pas de port série ; branchez l’adaptateur et recommencez.</translation>
     </message>
 </context>
 <context>
     <name>Problem</name>
     <message>
         <source>  why: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>  cause :  %1</translation>
     </message>
     <message>
         <source>  do:  %1</source>
-        <translation type="unfinished"></translation>
+        <translation>  remède : %1</translation>
+    </message>
+</context>
+<context>
+    <name>ResultsCommand</name>
+    <message>
+        <source>the list of results takes no argument &quot;%1&quot;</source>
+        <translation>la liste des résultats n’accepte pas l’argument « %1 »</translation>
+    </message>
+    <message>
+        <source>--status takes ok or nok, not &quot;%1&quot;</source>
+        <translation>--status attend ok ou nok, pas « %1 »</translation>
+    </message>
+    <message>
+        <source>the file &quot;%1&quot; does not say how to write it</source>
+        <translation>le fichier « %1 » ne dit pas sous quelle forme l’écrire</translation>
+    </message>
+    <message>
+        <source>end its name with .csv or .jsonl</source>
+        <translation>terminez son nom par .csv ou .jsonl</translation>
+    </message>
+    <message>
+        <source>--export and --watch do not go together</source>
+        <translation>--export et --watch ne vont pas ensemble</translation>
+    </message>
+    <message>
+        <source>watch with --json, or export when the session is over</source>
+        <translation>suivez avec --json, ou exportez une fois la session terminée</translation>
+    </message>
+    <message>
+        <source>Lists, exports or follows the stored results.</source>
+        <translation>Liste, exporte ou suit les résultats enregistrés.</translation>
+    </message>
+    <message>
+        <source>Only what arrived then or later: 2026-11-21 or 2026-11-21T08:30.</source>
+        <translation>Seulement ce qui est arrivé à partir de là : 2026-11-21 ou 2026-11-21T08:30.</translation>
+    </message>
+    <message>
+        <source>Only what arrived before then; a date alone: up to its end.</source>
+        <translation>Seulement ce qui est arrivé avant ; une date seule : jusqu’à sa fin.</translation>
+    </message>
+    <message>
+        <source>Only results of this program.</source>
+        <translation>Seulement les résultats de ce programme.</translation>
+    </message>
+    <message>
+        <source>Only good ones, or only the others.</source>
+        <translation>Seulement les bons, ou seulement les autres.</translation>
+    </message>
+    <message>
+        <source>Only the last so many results.</source>
+        <translation>Seulement autant de derniers résultats.</translation>
+    </message>
+    <message>
+        <source>Writes them into a file, .csv or .jsonl.</source>
+        <translation>Les écrit dans un fichier, .csv ou .jsonl.</translation>
+    </message>
+    <message>
+        <source>Goes on with what a running session stores, until Ctrl-C.</source>
+        <translation>Continue avec ce qu’enregistre une session en cours, jusqu’à Ctrl-C.</translation>
+    </message>
+    <message>
+        <source>Nothing is stored yet: there is no %1.</source>
+        <translation>Rien n’est encore enregistré : %1 n’existe pas.</translation>
+    </message>
+    <message>
+        <source>there is nothing to export</source>
+        <translation>il n’y a rien à exporter</translation>
+    </message>
+    <message>
+        <source>Interrupted: %1 is not written.</source>
+        <translation>Interrompu : %1 n’est pas écrit.</translation>
+    </message>
+    <message>
+        <source>--%1 takes a date or a date and a time, not &quot;%2&quot;</source>
+        <translation>--%1 attend une date, avec ou sans heure, pas « %2 »</translation>
+    </message>
+    <message>
+        <source>write 2026-11-21 or 2026-11-21T08:30:15; local time unless Z or +01:00 follows</source>
+        <translation>écrivez 2026-11-21 ou 2026-11-21T08:30:15 ; heure locale sauf si Z ou +01:00 suit</translation>
+    </message>
+</context>
+<context>
+    <name>ResultsReport</name>
+    <message>
+        <source>good</source>
+        <translation>conforme</translation>
+    </message>
+    <message>
+        <source>NOT GOOD</source>
+        <translation>NON CONFORME</translation>
+    </message>
+    <message>
+        <source>Results: %1, good: %2, not good: %3, gaps: %4, repeated: %5</source>
+        <translation>Résultats : %1, conformes : %2, non conformes : %3, lacunes : %4, répétés : %5</translation>
+    </message>
+    <message>
+        <source>%1; written to %2</source>
+        <translation>%1 ; écrit dans %2</translation>
+    </message>
+    <message>
+        <source>time</source>
+        <translation>heure</translation>
+    </message>
+    <message>
+        <source>wrench</source>
+        <translation>clé</translation>
+    </message>
+    <message>
+        <source>torque</source>
+        <translation>couple</translation>
+    </message>
+    <message>
+        <source>status</source>
+        <translation>état</translation>
+    </message>
+    <message>
+        <source>direction</source>
+        <translation>sens</translation>
+    </message>
+    <message>
+        <source>angle</source>
+        <translation>angle</translation>
+    </message>
+    <message>
+        <source>reading</source>
+        <translation>mesure</translation>
+    </message>
+    <message>
+        <source>program</source>
+        <translation>programme</translation>
+    </message>
+    <message>
+        <source>repeated after a reconnection, stored once (entry %1)</source>
+        <translation>répété après une reconnexion, enregistré une fois (entrée %1)</translation>
+    </message>
+    <message>
+        <source>gap: the count of readings fell back from %1 to %2; how many are missing cannot be told</source>
+        <translation>lacune : le compteur de mesures est retombé de %1 à %2 ; impossible de dire combien manquent</translation>
+    </message>
+    <message>
+        <source>gap: of the input, the chunks %1 to %2 were not heard; results may be missing</source>
+        <translation>lacune : les fragments %1 à %2 reçus n’ont pas été entendus ; des résultats peuvent manquer</translation>
+    </message>
+    <message>
+        <source>gap: reading %1 is missing</source>
+        <translation>lacune : la mesure %1 manque</translation>
+    </message>
+    <message>
+        <source>gap: %1 readings are missing, %2 to %3</source>
+        <translation>lacune : %1 mesures manquent, %2 à %3</translation>
     </message>
 </context>
 <context>
     <name>RunCommand</name>
     <message>
         <source>no command of a plugin is named</source>
-        <translation type="unfinished"></translation>
+        <translation>aucune commande d’un module n’est indiquée</translation>
     </message>
     <message>
         <source>&quot;app_workplace commands&quot; lists them</source>
-        <translation type="unfinished"></translation>
+        <translation>« app_workplace commands » les liste</translation>
     </message>
     <message>
         <source>which wrench is to be connected is not said</source>
-        <translation type="unfinished"></translation>
+        <translation>la clé à connecter n’est pas indiquée</translation>
     </message>
     <message>
         <source>give its serial number with --serial-id</source>
-        <translation type="unfinished"></translation>
+        <translation>indiquez son numéro de série avec --serial-id</translation>
     </message>
     <message>
         <source>[driver/]COMMAND [name=value …]</source>
-        <translation type="unfinished"></translation>
+        <translation>[driver/]COMMANDE [nom=valeur …]</translation>
     </message>
     <message>
         <source>Runs one command of a plugin; &quot;app_workplace commands COMMAND&quot; tells its parameters.</source>
-        <translation type="unfinished"></translation>
+        <translation>Exécute une commande d’un module ; « app_workplace commands COMMANDE » en donne les paramètres.</translation>
     </message>
     <message>
         <source>First connects to the wrench and gets it ready, as a session does.</source>
-        <translation type="unfinished"></translation>
+        <translation>Connecte d’abord la clé et la prépare, comme le fait une session.</translation>
     </message>
     <message>
         <source>Ends the run after so long (30 when not said; none for a command that runs until stopped).</source>
-        <translation type="unfinished"></translation>
+        <translation>Termine l’exécution après ce temps (30 par défaut ; sans limite pour une commande qui continue jusqu’à son arrêt).</translation>
     </message>
     <message>
         <source>&quot;%1/&quot; names nobody that runs commands</source>
-        <translation type="unfinished"></translation>
+        <translation>« %1/ » ne désigne rien qui exécute des commandes</translation>
     </message>
     <message>
         <source>write &quot;driver/%1&quot; or only &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>écrivez « driver/%1 » ou seulement « %1 »</translation>
     </message>
     <message>
         <source>no loaded plugin has the command &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>aucun module chargé n’a la commande « %1 »</translation>
     </message>
     <message>
         <source>&quot;app_workplace commands&quot; lists what there is</source>
-        <translation type="unfinished"></translation>
+        <translation>« app_workplace commands » montre ce qui existe</translation>
     </message>
     <message>
         <source>&quot;app_workplace commands %1&quot; tells more</source>
-        <translation type="unfinished"></translation>
+        <translation>« app_workplace commands %1 » en dit plus</translation>
     </message>
     <message>
         <source>no loaded plugin can connect to a wrench</source>
-        <translation type="unfinished"></translation>
+        <translation>aucun module chargé ne peut connecter une clé</translation>
     </message>
     <message>
         <source>name the folder of the plugins with --plugins</source>
-        <translation type="unfinished"></translation>
+        <translation>indiquez le dossier des modules avec --plugins</translation>
     </message>
     <message>
         <source>the command &quot;%1&quot; did not succeed</source>
-        <translation type="unfinished"></translation>
+        <translation>la commande « %1 » n’a pas réussi</translation>
     </message>
     <message>
         <source>it was ended by the time limit</source>
-        <translation type="unfinished"></translation>
+        <translation>elle a été arrêtée par la limite de temps</translation>
     </message>
     <message>
         <source>give more time with --limit, and check that the wrench is connected</source>
-        <translation type="unfinished"></translation>
+        <translation>accordez plus de temps avec --limit, et vérifiez que la clé est connectée</translation>
     </message>
     <message>
         <source>it was interrupted</source>
-        <translation type="unfinished"></translation>
+        <translation>elle a été interrompue</translation>
     </message>
     <message>
         <source>the plugin refused it</source>
-        <translation type="unfinished"></translation>
+        <translation>le module l’a refusée</translation>
     </message>
     <message>
         <source>the device said no or did not answer</source>
-        <translation type="unfinished"></translation>
+        <translation>l’appareil a refusé ou n’a pas répondu</translation>
     </message>
 </context>
 <context>
     <name>ScanCommand</name>
     <message>
         <source>a scan takes no argument &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>une recherche n’accepte pas l’argument « %1 »</translation>
     </message>
     <message>
         <source>see app_workplace scan --help</source>
-        <translation type="unfinished"></translation>
+        <translation>voir app_workplace scan --help</translation>
     </message>
     <message>
         <source>Lists the wrenches in range, the strongest signal first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Liste les clés à portée, le signal le plus fort en premier.</translation>
     </message>
     <message>
         <source>Ends after so long (5 when not said); 0: goes on until Ctrl-C.</source>
-        <translation type="unfinished"></translation>
+        <translation>Se termine après ce temps (5 par défaut) ; 0 : continue jusqu’à Ctrl-C.</translation>
     </message>
     <message>
         <source>no loaded plugin can scan</source>
-        <translation type="unfinished"></translation>
+        <translation>aucun module chargé ne sait chercher</translation>
     </message>
     <message>
         <source>name the folder of the plugins with --plugins</source>
-        <translation type="unfinished"></translation>
+        <translation>indiquez le dossier des modules avec --plugins</translation>
     </message>
     <message>
         <source>searching …</source>
-        <translation type="unfinished"></translation>
+        <translation>recherche …</translation>
     </message>
     <message>
         <source>the line is not usable</source>
-        <translation type="unfinished"></translation>
+        <translation>la ligne n’est pas utilisable</translation>
     </message>
     <message>
         <source>no wrench was heard</source>
-        <translation type="unfinished"></translation>
+        <translation>aucune clé n’a été entendue</translation>
     </message>
     <message>
         <source>switch the wrench on, bring it near, and check the port</source>
-        <translation type="unfinished"></translation>
+        <translation>allumez la clé, rapprochez-la, et vérifiez le port</translation>
     </message>
     <message>
         <source>serial number</source>
-        <translation type="unfinished"></translation>
+        <translation>numéro de série</translation>
     </message>
     <message>
         <source>address</source>
-        <translation type="unfinished"></translation>
+        <translation>adresse</translation>
     </message>
     <message>
         <source>signal (dBm)</source>
-        <translation type="unfinished"></translation>
+        <translation>signal (dBm)</translation>
+    </message>
+</context>
+<context>
+    <name>SessionService</name>
+    <message>
+        <source>listening; results so far: %1</source>
+        <translation>à l’écoute ; résultats jusqu’ici : %1</translation>
+    </message>
+    <message>
+        <source>%1 …</source>
+        <translation>%1 …</translation>
     </message>
 </context>
 <context>
     <name>Settings</name>
     <message>
         <source>The serial port, or &quot;simulated&quot; (the default) for a simulator of its own.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le port série, ou « simulated » (par défaut) pour un simulateur propre.</translation>
     </message>
     <message>
         <source>The serial number of the wrench.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le numéro de série de la clé.</translation>
     </message>
     <message>
         <source>The folder of the plugins.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le dossier des modules.</translation>
     </message>
     <message>
         <source>The folder for what is kept of a device.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le dossier de ce qui est conservé d’un appareil.</translation>
     </message>
     <message>
         <source>Writes down every byte on the line; - for standard error.</source>
-        <translation type="unfinished"></translation>
+        <translation>Note chaque octet sur la ligne ; - pour la sortie d’erreur.</translation>
     </message>
     <message>
         <source>The language of the texts; that of the environment when not said.</source>
-        <translation type="unfinished"></translation>
+        <translation>La langue des textes ; celle de l’environnement si elle n’est pas indiquée.</translation>
     </message>
     <message>
         <source>One JSON object a line, messages on standard error.</source>
-        <translation type="unfinished"></translation>
+        <translation>Un objet JSON par ligne, messages sur la sortie d’erreur.</translation>
     </message>
     <message>
         <source>Results and errors only.</source>
-        <translation type="unfinished"></translation>
+        <translation>Résultats et erreurs seulement.</translation>
     </message>
     <message>
         <source>Also shows what is in use, all log lines, and how long it takes.</source>
-        <translation type="unfinished"></translation>
+        <translation>Montre aussi ce qui est utilisé, toutes les lignes de journal et les durées.</translation>
     </message>
 </context>
 <context>
     <name>SimulatorProcess</name>
     <message>
         <source>%1 does not start: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ne démarre pas : %2</translation>
     </message>
     <message>
         <source>its process crashed or was killed</source>
-        <translation type="unfinished"></translation>
+        <translation>son processus a planté ou a été tué</translation>
     </message>
     <message>
         <source>its process ended with the exit status %1</source>
-        <translation type="unfinished"></translation>
+        <translation>son processus s’est terminé avec le code de retour %1</translation>
     </message>
     <message>
         <source>%1 and the words: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 et ces mots : %2</translation>
     </message>
     <message>
         <source>%1 has not said within %2 s that it is ready</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ne s’est pas annoncé prêt en %2 s</translation>
     </message>
 </context>
 <context>
     <name>Step</name>
     <message>
         <source>open</source>
-        <translation type="unfinished"></translation>
+        <translation>ouverture</translation>
     </message>
     <message>
         <source>connect</source>
-        <translation type="unfinished"></translation>
+        <translation>connexion</translation>
     </message>
     <message>
         <source>configure</source>
-        <translation type="unfinished"></translation>
+        <translation>réglage</translation>
     </message>
     <message>
         <source>programs</source>
-        <translation type="unfinished"></translation>
+        <translation>programmes</translation>
     </message>
     <message>
         <source>select</source>
-        <translation type="unfinished"></translation>
+        <translation>sélection</translation>
     </message>
     <message>
         <source>unlock</source>
-        <translation type="unfinished"></translation>
+        <translation>déblocage</translation>
     </message>
     <message>
         <source>listen</source>
-        <translation type="unfinished"></translation>
+        <translation>réception</translation>
     </message>
     <message>
         <source>link</source>
-        <translation type="unfinished"></translation>
+        <translation>liaison</translation>
     </message>
     <message>
         <source>session</source>
-        <translation type="unfinished"></translation>
+        <translation>session</translation>
     </message>
     <message>
         <source>scan</source>
-        <translation type="unfinished"></translation>
+        <translation>recherche</translation>
     </message>
     <message>
         <source>run</source>
-        <translation type="unfinished"></translation>
+        <translation>exécution</translation>
     </message>
     <message>
         <source>commands</source>
-        <translation type="unfinished"></translation>
+        <translation>commandes</translation>
     </message>
     <message>
         <source>command line</source>
-        <translation type="unfinished"></translation>
+        <translation>ligne de commande</translation>
     </message>
     <message>
         <source>configuration</source>
-        <translation type="unfinished"></translation>
+        <translation>configuration</translation>
+    </message>
+    <message>
+        <source>history</source>
+        <translation>historique</translation>
+    </message>
+    <message>
+        <source>export</source>
+        <translation>export</translation>
     </message>
 </context>
 <context>
     <name>Workplace</name>
     <message>
         <source>there is no driver plugin</source>
-        <translation type="unfinished"></translation>
+        <translation>il n’y a pas de module pilote</translation>
     </message>
     <message>
         <source>there is no device plugin</source>
-        <translation type="unfinished"></translation>
+        <translation>il n’y a pas de module d’appareil</translation>
     </message>
     <message>
         <source>none could be loaded from %1</source>
-        <translation type="unfinished"></translation>
+        <translation>aucun n’a pu être chargé depuis %1</translation>
     </message>
     <message>
         <source>name the folder of the plugins with --plugins</source>
-        <translation type="unfinished"></translation>
+        <translation>indiquez le dossier des modules avec --plugins</translation>
     </message>
     <message>
         <source>the simulated wrench is not there</source>
-        <translation type="unfinished"></translation>
+        <translation>la clé simulée n’est pas là</translation>
     </message>
     <message>
         <source>build or install wrench_simulator beside this program, or name a port with --port</source>
-        <translation type="unfinished"></translation>
+        <translation>construisez ou installez wrench_simulator à côté de ce programme, ou indiquez un port avec --port</translation>
     </message>
     <message>
         <source>the simulated wrench has gone</source>
-        <translation type="unfinished"></translation>
+        <translation>la clé simulée a disparu</translation>
     </message>
     <message>
         <source>start again</source>
-        <translation type="unfinished"></translation>
+        <translation>recommencez</translation>
     </message>
     <message>
         <source>the device&apos;s stored state %1 is not used</source>
-        <translation type="unfinished"></translation>
+        <translation>l’état enregistré %1 de l’appareil n’est pas utilisé</translation>
     </message>
     <message>
         <source>move it away, or name another folder with --data</source>
-        <translation type="unfinished"></translation>
+        <translation>déplacez-le, ou indiquez un autre dossier avec --data</translation>
     </message>
     <message>
         <source>a plugin makes no instance for this workplace</source>
-        <translation type="unfinished"></translation>
+        <translation>un module ne fournit pas d’instance pour ce poste</translation>
     </message>
     <message>
         <source>name another folder with --plugins</source>
-        <translation type="unfinished"></translation>
+        <translation>indiquez un autre dossier avec --plugins</translation>
     </message>
     <message>
         <source>the device&apos;s state cannot be stored in %1: %2; name another folder with --data</source>
-        <translation type="unfinished"></translation>
+        <translation>l’état de l’appareil ne peut pas être enregistré dans %1 : %2 ; indiquez un autre dossier avec --data</translation>
     </message>
 </context>
 <context>
     <name>WorkplaceCommand</name>
     <message>
         <source>plugins from %1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>modules de %1 : %2</translation>
     </message>
 </context>
 </TS>
