@@ -33,7 +33,8 @@ private Q_SLOTS:
     void takesItsAnswerOutOfTheStream_data();
     void takesItsAnswerOutOfTheStream();
     void takesOutOneAnswerForOneQuestion();
-    void takesItsAnswerBehindALineThatWasCutOff();
+    void leavesTheLineEndToALineThatWasCutOff();
+    void endsALineThatWasCutOffWhenTheAnswerHasNoEnd();
     void leavesLinesAloneWhileItHasNotAsked();
     void passesWhatFollowsAnAnswerWithoutLineEnd();
     void givesBackWhatOnlyBeganLikeTheAnswer();
@@ -280,15 +281,27 @@ void TestKeepAlive::takesOutOneAnswerForOneQuestion()
     QCOMPARE(heard(m_listener), QByteArray("OK:2\r\nOK:3\r\n"));
 }
 
-void TestKeepAlive::takesItsAnswerBehindALineThatWasCutOff()
+// Without it the next line would become the rest of the one that was cut off, and both would be lost.
+void TestKeepAlive::leavesTheLineEndToALineThatWasCutOff()
 {
     set();
     waitForTheQuestion();
     m_driver->port->arrive("RE:F");
     m_driver->clock->advance(2000);
     waitForTheQuestion();
-    m_driver->port->arrive("OK:1\r\n");
-    QCOMPARE(heard(m_listener), QByteArray("RE:F"));
+    m_driver->port->arrive("OK:1\r\nRE:F:2\r\n");
+    QCOMPARE(heard(m_listener), QByteArray("RE:F\r\nRE:F:2\r\n"));
+}
+
+void TestKeepAlive::endsALineThatWasCutOffWhenTheAnswerHasNoEnd()
+{
+    set();
+    m_driver->port->arrive("RE:F");
+    waitForTheQuestion();
+    m_driver->port->arrive("OK:1");
+    m_driver->clock->advance(2000);
+    m_driver->port->arrive("RE:F:2\r\n");
+    QCOMPARE(heard(m_listener), QByteArray("RE:F\r\nRE:F:2\r\n"));
 }
 
 void TestKeepAlive::passesWhatFollowsAnAnswerWithoutLineEnd()

@@ -6,6 +6,7 @@
 namespace {
 
 constexpr qint64 c_usPerMs = 1000;
+const QByteArray c_lineEnd = QByteArrayLiteral("\r\n");
 
 } // namespace
 
@@ -19,8 +20,7 @@ KeepAlive::~KeepAlive()
 
 void KeepAlive::set(const QByteArray& frame, const QByteArray& response)
 {
-    const QByteArray lineEnd = QByteArrayLiteral("\r\n");
-    m_frame = frame.isEmpty() || frame.endsWith(lineEnd) ? frame : frame + lineEnd;
+    m_frame = frame.isEmpty() || frame.endsWith(c_lineEnd) ? frame : frame + c_lineEnd;
     const QByteArray heldBack = takeHeldBack();
     m_response = response;
     restart();
@@ -92,8 +92,11 @@ void KeepAlive::onAnswerLimit()
 {
     m_answerTimer = 0;
     m_isSwallowing = false;
-    if (!m_isAsking) {
-        return; // only the end of the answer's line has not come
+    if (!m_isAsking) { // only the end of the answer's line has not come
+        if (std::exchange(m_isLineOpen, false)) {
+            m_callbacks.release(c_lineEnd);
+        }
+        return;
     }
     m_isAsking = false;
     const QByteArray heldBack = takeHeldBack();
@@ -120,16 +123,17 @@ void KeepAlive::setMissing(int missing)
 
 QByteArray KeepAlive::takeHeldBack()
 {
+    m_isLineOpen = m_isLineOpen || m_heldBack > 0;
     return m_response.left(std::exchange(m_heldBack, 0));
 }
 
 QByteArray KeepAlive::arrived(const QByteArray& chunk)
 {
-    if (!isSet()) {
-        return chunk;
+    if (isSet()) {
+        quietFor(m_silenceMs);
     }
-    quietFor(m_silenceMs);
     if (!m_isAsking && !m_isSwallowing) {
+        m_isLineOpen = !chunk.endsWith('\n');
         return chunk;
     }
     QByteArray passed;
@@ -139,6 +143,9 @@ QByteArray KeepAlive::arrived(const QByteArray& chunk)
         const bool endsLine = byte == '\n';
         if (m_isSwallowing) {
             m_isSwallowing = !endsLine;
+            if (endsLine && std::exchange(m_isLineOpen, false)) {
+                passed += c_lineEnd; // a line that was cut off before ends here, not with the line that comes next
+            }
         } else if (m_isAsking && (m_isAtLineStart || m_heldBack > 0) && byte == m_response.at(m_heldBack)) {
             if (++m_heldBack == m_response.size()) {
                 onAnswer();
@@ -148,6 +155,7 @@ QByteArray KeepAlive::arrived(const QByteArray& chunk)
         } else {
             passed += takeHeldBack();
             passed += byte;
+            m_isLineOpen = !endsLine;
         }
         m_isAtLineStart = endsLine;
     }

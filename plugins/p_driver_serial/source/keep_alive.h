@@ -72,6 +72,7 @@ private:
     bool m_isAsking = false;
     bool m_isSwallowing = false; // inside the answer's line
     bool m_isAtLineStart = true; // since the question
+    bool m_isLineOpen = false;   // what was passed on last does not end a line
     int m_heldBack = 0;          // bytes of m_response that have arrived at the end of what was seen
     int m_missing = 0;           // answers, in a row
 };
