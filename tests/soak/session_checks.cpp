@@ -14,8 +14,9 @@ constexpr double c_usPerSecond = 1e6;
 constexpr int c_afterwardsMs = 30000;
 // What arrives from a frame on until so long after it has left is also heard by who begins to listen in that time.
 constexpr qint64 c_handOverUs = 100 * c_usPerMs;
-constexpr int c_fieldsOfAResult = 6;
-const QByteArray c_resultMark = QByteArrayLiteral("RE:F:");
+constexpr int c_fieldsOfAResult = 7;
+constexpr int c_fieldsNeeded = 6;
+const QString c_resultMark = QStringLiteral("RE:F:");
 const QByteArray c_hangUp = QByteArrayLiteral("ATH\r\n");
 
 using Kind = LineRecord::Kind;
@@ -53,26 +54,50 @@ int heardUntil(const LineRecord& record, const SessionWatch& watch)
     return static_cast<int>(end - record.entries.cbegin());
 }
 
-QByteArrayList resultLines(const LineRecord& record, int from, int to)
+/// The seven fields of a result line as texts; fewer: it is none. What is behind them does not count.
+QStringList fieldsOf(const QByteArray& line)
 {
-    QByteArrayList lines = record.lines(from, to);
-    lines.erase(std::remove_if(lines.begin(), lines.end(),
-                               [](const QByteArray& line) {
-                                   return !line.startsWith(c_resultMark) || line.count(',') + 1 < c_fieldsOfAResult;
-                               }),
-                lines.end());
-    return lines;
+    // UTF-8 up to a zero byte, as everywhere in the system; what is broken shows as a replacement character.
+    QString text = QString::fromUtf8(line.constData()).trimmed();
+    if (!text.startsWith(c_resultMark)) {
+        return {};
+    }
+    // An answer to the driver's keep-alive is taken out, also behind a line that was cut off; its line end stays.
+    static const QRegularExpression answer(QStringLiteral("OK:[01]$"));
+    QStringList fields = text.remove(answer).mid(c_resultMark.size()).split(QLatin1Char(','));
+    if (fields.size() < c_fieldsNeeded) {
+        return {};
+    }
+    fields.append(QString()); // the seventh may be missing
+    return fields.mid(0, c_fieldsOfAResult);
 }
 
-QByteArray lineOf(const TighteningResult& result)
+QList<QStringList> resultsOnTheLine(const LineRecord& record, int from, int to)
 {
-    const char* const keys[] = {"convertedTorque", "direction",     "torqueStatus", "snugTorqueAngle",
-                                "angleStatus",     "readingNumber", "readingStatus"};
-    QByteArrayList fields;
-    for (const char* key : keys) {
-        fields.append(result.eventData.value(QLatin1String(key)).toString().toUtf8());
+    QList<QStringList> results;
+    const QByteArrayList lines = record.lines(from, to);
+    for (const QByteArray& line : lines) {
+        const QStringList fields = fieldsOf(line);
+        if (!fields.isEmpty()) {
+            results.append(fields);
+        }
     }
-    return c_resultMark + fields.join(',');
+    return results;
+}
+
+QStringList fieldsOf(const TighteningResult& result)
+{
+    QStringList fields;
+    for (const char* key : {"convertedTorque", "direction", "torqueStatus", "snugTorqueAngle", "angleStatus",
+                            "readingNumber", "readingStatus"}) {
+        fields.append(result.eventData.value(QLatin1String(key)).toString());
+    }
+    return fields;
+}
+
+QString shown(const QStringList& fields)
+{
+    return fields.join(QLatin1Char(','));
 }
 
 /// The step's failure says why; here is what that must mean.
@@ -97,6 +122,10 @@ bool isTrue(const QString& cause, const SimulatedWorkplace& workplace, const Ses
     }
     if (refusal.match(cause).hasMatch()) {
         return true;
+    }
+    if (cause == QStringLiteral("it refused")) {
+        const QByteArrayList lines = record.lines(0, to);
+        return std::any_of(lines.cbegin(), lines.cend(), [](const QByteArray& line) { return line.contains("ERR"); });
     }
     if (cause.startsWith(QStringLiteral("The simulated port"))) {
         return record.has(Kind::Pulled, from, to) || !workplace.port().isPlugged() ||
@@ -161,27 +190,26 @@ QString wrongResults(const SimulatedWorkplace& workplace, const SessionWatch& wa
         return watch.results.isEmpty() ? QString() : QStringLiteral("results without listening");
     }
     const LineRecord& record = workplace.record;
-    QByteArrayList expected = resultLines(record, heardFrom(record, *watch.listening), heardUntil(record, watch));
+    QList<QStringList> expected =
+        resultsOnTheLine(record, heardFrom(record, *watch.listening), heardUntil(record, watch));
     if (watch.summary.end == SessionSummary::End::Count) {
         expected = expected.mid(0, watch.results.size()); // others came in the same chunk
     }
     const int common = qMin(expected.size(), watch.results.size());
     for (int i = 0; i < common; ++i) {
-        const QByteArray line = lineOf(watch.results.at(i));
-        const QByteArray& raw = watch.results.at(i).rawLine;
-        if (line != expected.at(i) || raw != expected.at(i)) {
-            return QStringLiteral("result %1 is \"%2\", from the line \"%3\"; the line that arrived is \"%4\"")
-                .arg(QString::number(i + 1), QString::fromLatin1(line), QString::fromLatin1(raw),
-                     QString::fromLatin1(expected.at(i)));
+        const TighteningResult& result = watch.results.at(i);
+        if (fieldsOf(result) != expected.at(i) || fieldsOf(result.rawLine) != expected.at(i)) {
+            return QStringLiteral("result %1 is \"%2\", from the line \"%3\"; the one that arrived is \"%4\"")
+                .arg(QString::number(i + 1), shown(fieldsOf(result)), QString::fromUtf8(result.rawLine),
+                     shown(expected.at(i)));
         }
     }
-    return expected.size() == watch.results.size()
-               ? QString()
-               : QStringLiteral("%1 result lines arrived, and %2 results were told; the first one of the difference "
-                                "is %3")
-                     .arg(QString::number(expected.size()), QString::number(watch.results.size()),
-                          QString::fromLatin1(expected.size() > common ? expected.at(common)
-                                                                       : lineOf(watch.results.at(common))));
+    if (expected.size() == watch.results.size()) {
+        return {};
+    }
+    return QStringLiteral("%1 result lines arrived, and %2 results were told; the first of the difference is %3")
+        .arg(QString::number(expected.size()), QString::number(watch.results.size()),
+             shown(expected.size() > common ? expected.at(common) : fieldsOf(watch.results.at(common))));
 }
 
 QString disorder(SimulatedWorkplace& workplace, const SessionWatch& watch)

@@ -29,33 +29,58 @@ QString number(int value)
     return QString::number(value);
 }
 
-QString fault(Draw& draw)
+/// Faults that come once, take a frame along or the whole line away.
+QString disturbance(Draw& draw)
 {
-    const int kind = draw.between(1, 9);
     const QString ms = number(draw.between(1, 3000));
     const QString texts[] = {QStringLiteral("silence"),
                              QStringLiteral("late:") + ms,
                              QStringLiteral("err:") + number(draw.between(1, 5)),
-                             QStringLiteral("split:%1,%2").arg(draw.between(1, 9)).arg(draw.between(0, 20)),
-                             QStringLiteral("glue:%1,%2").arg(draw.between(2, 5)).arg(draw.between(1, 300)),
-                             QStringLiteral("echo"),
+                             QStringLiteral("out-of-range:,") + ms,
                              QStringLiteral("out-of-range"),
                              QStringLiteral("lose-link"),
-                             QStringLiteral("unplug:") + ms};
-    const QString frame = number(draw.between(1, 30));
-    const bool isLasting = draw.oneIn(4);
-    // What takes the whole line away is for one frame; what only changes its shape may last.
-    const bool isShape = kind == 4 || kind == 5 || kind == 6;
-    const QString when =
-        isShape && isLasting ? QString() : QLatin1Char('@') + frame + QLatin1String(isLasting ? "+" : "");
-    return texts[kind - 1] + when;
+                             QStringLiteral("unplug:") + ms,
+                             QStringLiteral("foreign-echo"),
+                             QStringLiteral("flood:%1,%2").arg(draw.between(1, 300)).arg(draw.between(0, 3000)),
+                             QStringLiteral("endless:%1,%2").arg(draw.between(1, 20000)).arg(draw.between(0, 3000)),
+                             QStringLiteral("duplicate-serial")};
+    const QString when = number(draw.between(1, 30));
+    const QString triggers[] = {QLatin1Char('@') + when, QLatin1Char('@') + when,
+                                QLatin1Char('@') + when + QLatin1Char('+'),
+                                QLatin1Char('%') + number(draw.between(1, 10))};
+    return draw.oneOf(texts) + draw.oneOf(triggers);
+}
+
+/// Faults that change what is sent, or only its shape.
+QString noise(Draw& draw)
+{
+    const QString texts[] = {QStringLiteral("split:%1,%2").arg(draw.between(1, 9)).arg(draw.between(0, 20)),
+                             QStringLiteral("glue:%1,%2").arg(draw.between(2, 5)).arg(draw.between(1, 300)),
+                             QStringLiteral("echo"),
+                             QStringLiteral("cut"),
+                             QStringLiteral("flip:%1").arg(draw.between(1, 3)),
+                             QStringLiteral("double"),
+                             QStringLiteral("garbage:%1").arg(draw.between(1, 40)),
+                             QStringLiteral("lower-case")};
+    const QString triggers[] = {QString(), QLatin1Char('%') + number(draw.between(1, 20)),
+                                QLatin1Char('%') + number(draw.between(1, 5)),
+                                QLatin1Char('@') + number(draw.between(1, 30))};
+    const int kind = draw.between(0, 7);
+    const bool isShape = kind <= 2;
+    // What changes each line lets nothing come about.
+    return texts[kind] + triggers[draw.between(isShape ? 0 : 1, 3)];
+}
+
+QString fault(Draw& draw)
+{
+    return draw.oneIn(2) ? disturbance(draw) : noise(draw);
 }
 
 QString command(Draw& draw)
 {
-    const char* const commands[] = {"tighten 3",       "tighten 1",        "lose-link",
-                                    "range 2210 off",  "range 2210 on",    "range 2210 on",
-                                    "fault silence@1", "fault late:700@1", "fault err:2@1"};
+    const char* const commands[] = {"tighten 3",     "tighten 1",      "lose-link",       "range 2210 off",
+                                    "range 2210 on", "range 2210 on",  "fault silence@1", "fault late:700@1",
+                                    "fault err:2@1", "power 2210 off", "power 2210 on"};
     return QLatin1String(draw.oneOf(commands));
 }
 } // namespace

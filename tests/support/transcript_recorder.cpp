@@ -22,7 +22,7 @@ TranscriptRecorder::TranscriptRecorder(DAbstractPlugin& plugin) : m_player(plugi
 QString TranscriptRecorder::add(const QString& word, const QString& text)
 {
     m_lines.append((column(word) + text).trimmed());
-    const QString complaint = perform({0, word, text});
+    QString complaint = perform({0, word, text});
     takeHappened();
     if (!complaint.isEmpty()) {
         return complaint;

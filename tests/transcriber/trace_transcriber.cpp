@@ -117,7 +117,7 @@ QString TraceTranscriber::takeFrame(int at)
     }
     if (!isOwed() && m_recorder.isRunning()) {
         // The host has ended the run, which may have a last word.
-        const QString complaint = stop();
+        QString complaint = stop();
         if (!complaint.isEmpty()) {
             return complaint;
         }
@@ -142,7 +142,7 @@ QString TraceTranscriber::takeFrame(int at)
     if (guess.needsSerialId) {
         guess.parameters = QStringLiteral("serialId=\"%1\"").arg(m_serialId);
     }
-    const QString complaint = begin(guess);
+    QString complaint = begin(guess);
     if (!complaint.isEmpty()) {
         return complaint;
     }
@@ -211,7 +211,7 @@ QString TraceTranscriber::stop()
 QString TraceTranscriber::add(const QString& word, const QString& text)
 {
     const bool hadTimer = m_recorder.timerMs() > 0;
-    const QString complaint = m_recorder.add(word, text);
+    QString complaint = m_recorder.add(word, text);
     m_owed += m_recorder.takeFrames();
     if (m_recorder.timerMs() == 0) {
         m_timerUs = -1;
