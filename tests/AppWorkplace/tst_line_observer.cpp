@@ -18,6 +18,8 @@ private Q_SLOTS:
     void takesALineWhateverItsPieces_data();
     void takesALineWhateverItsPieces();
     void takesEachLineOfAChunk();
+    void endsALineAtCarriageReturnAndLineFeedOnly_data();
+    void endsALineAtCarriageReturnAndLineFeedOnly();
     void leavesOutWhatIsNoReport_data();
     void leavesOutWhatIsNoReport();
     void remembersTheLastRefusal();
@@ -101,6 +103,25 @@ void TestLineObserver::takesEachLineOfAChunk()
     QCOMPARE(m_observer->lastRefusal(), QStringLiteral("ERR:2"));
 }
 
+void TestLineObserver::endsALineAtCarriageReturnAndLineFeedOnly_data()
+{
+    takesALineWhateverItsPieces_data();
+}
+
+// As the commands of the device do, so that the same lines are heard here and there.
+void TestLineObserver::endsALineAtCarriageReturnAndLineFeedOnly()
+{
+    QFETCH(int, size);
+    QByteArrayList lines;
+    connect(m_observer.get(), &LineObserver::sigLineHeard, this,
+            [&lines](const QByteArray& line) { lines.append(line); });
+    const QByteArray text = "RE:F:1\n2\r\n\n\r\r\nRE:F:3\r4\r\n";
+    for (int i = 0; i < text.size(); i += size) {
+        say(text.mid(i, size));
+    }
+    QCOMPARE(lines, (QByteArrayList{"RE:F:1\n2", "\n\r", "RE:F:3\r4"}));
+}
+
 void TestLineObserver::leavesOutWhatIsNoReport_data()
 {
     QTest::addColumn<QByteArray>("line");
@@ -132,6 +153,8 @@ void TestLineObserver::forgetsARefusal()
 void TestLineObserver::waitsForTheEndOfTheLine()
 {
     say("ERR:1");
+    QCOMPARE(m_observer->lastRefusal(), QString());
+    say("\r");
     QCOMPARE(m_observer->lastRefusal(), QString());
     say("\n");
     QCOMPARE(m_observer->lastRefusal(), QStringLiteral("ERR:1"));

@@ -50,7 +50,10 @@ void LineObserver::receive(const QByteArray& bytes, int chunk)
 {
     m_heardBytes += bytes.size();
     int start = 0;
-    for (int end = bytes.indexOf('\n'); end >= 0; end = bytes.indexOf('\n', start)) {
+    for (int end = bytes.indexOf('\n'); end >= 0; end = bytes.indexOf('\n', end + 1)) {
+        if ((end > 0 ? bytes.at(end - 1) : m_lastByte) != '\r') {
+            continue; // it belongs to the line
+        }
         keep(bytes.constData() + start, end - start);
         start = end + 1;
         const QByteArray line = std::exchange(m_partialLine, {});
@@ -59,6 +62,7 @@ void LineObserver::receive(const QByteArray& bytes, int chunk)
         }
     }
     keep(bytes.constData() + start, bytes.size() - start);
+    m_lastByte = bytes.isEmpty() ? m_lastByte : bytes.back();
     Q_EMIT sigChunkHeard(chunk);
 }
 

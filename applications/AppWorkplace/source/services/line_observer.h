@@ -46,6 +46,7 @@ private:
 
     std::unique_ptr<DOrder> m_listener;
     QByteArray m_partialLine;
+    char m_lastByte = '\0';
     bool m_isTooLong = false; // the line is dropped, up to its end
     QString m_lastRefusal;
     qint64 m_heardBytes = 0;
