@@ -43,8 +43,9 @@ Interrupts::Interrupts(QObject* parent) : QObject(parent)
     for (const int number : c_signals) {
         sigaction(number, &action, nullptr);
     }
-    // A reader that goes away is noticed by the writing itself.
+    // A reader that goes away and a file that may not grow are noticed by the writing itself.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 Interrupts::~Interrupts()

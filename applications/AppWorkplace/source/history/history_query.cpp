@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 
 #include <limits>
+#include <utility>
 
 #include "history_database.h"
 #include "history_problem.h"
@@ -216,12 +217,14 @@ std::optional<Problem> HistoryQuery::read(QSqlQuery& query, QVector<HistoryRecor
         record.utcOffsetS = query.value(UtcOffsetS).toInt();
         record.serialId = query.value(SerialId).toString();
         record.isGood = query.value(Good).toBool();
-        record.otherEntries = query.value(OtherEntries).toString();
+        record.otherEntries = query.isNull(OtherEntries) ? QString() : query.value(OtherEntries).toString();
         record.rawLine = query.value(RawLine).toByteArray();
         record.isAfterReconnection = query.value(AfterReconnection).toBool();
         for (std::size_t i = 0; i < record.entries.size(); ++i) {
-            const QVariant entry = query.value(FirstEntry + int(i));
-            record.entries.at(i) = entry.isNull() ? QVariant() : entry;
+            QVariant entry = query.value(FirstEntry + int(i));
+            if (!entry.isNull()) {
+                record.entries.at(i) = std::move(entry);
+            }
         }
         if (record.kind != HistoryRecord::Kind::Result) {
             record.counter = query.value(Counter).toString();
@@ -232,7 +235,7 @@ std::optional<Problem> HistoryQuery::read(QSqlQuery& query, QVector<HistoryRecor
         if (!lookUp(query.value(OriginId).toLongLong(), query.value(PresetId).toLongLong(), &record)) {
             return problem();
         }
-        records->append(record);
+        records->append(std::move(record));
     }
     // The end of what there is, or an error on the way to it.
     if (query.lastError().isValid()) {
@@ -244,14 +247,15 @@ std::optional<Problem> HistoryQuery::read(QSqlQuery& query, QVector<HistoryRecor
 
 bool HistoryQuery::lookUp(qint64 origin, qint64 preset, HistoryRecord* record)
 {
-    if (!m_origins.contains(origin)) {
+    auto knownOrigin = m_origins.constFind(origin);
+    if (knownOrigin == m_origins.constEnd()) {
         QSqlQuery query = m_database.prepared(QStringLiteral("SELECT device, plugin FROM origins WHERE id = ?"));
         query.addBindValue(origin);
         if (!m_database.run(query)) {
             return false;
         }
-        m_origins.insert(origin,
-                         query.next() ? Origin{query.value(0).toString(), query.value(1).toString()} : Origin{});
+        knownOrigin = m_origins.insert(
+            origin, query.next() ? Origin{query.value(0).toString(), query.value(1).toString()} : Origin{});
     }
     if (preset != 0 && !m_presets.contains(preset)) {
         if (m_presets.size() == c_mostKnown) {
@@ -264,9 +268,9 @@ bool HistoryQuery::lookUp(qint64 origin, qint64 preset, HistoryRecord* record)
         }
         m_presets.insert(preset, query.next() ? query.value(0).toString() : QString());
     }
-    record->device = m_origins.value(origin).device;
-    record->plugin = m_origins.value(origin).plugin;
-    record->preset = m_presets.value(preset);
+    record->device = knownOrigin->device;
+    record->plugin = knownOrigin->plugin;
+    record->preset = preset != 0 ? m_presets.value(preset) : QString();
     return true;
 }
 

@@ -1,0 +1,297 @@
+// The history with a million entries: a page of every filter beside the same statement asked of SQLite itself, storing
+// beside the same insertion, and an export's memory.
+
+#include <benchmark/benchmark.h>
+
+// Benchmarks are registered by static objects.
+// clazy:excludeall=non-pod-global-static
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <string>
+#include <vector>
+
+#include <fcntl.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include "history/history_export.h"
+#include "history/history_query.h"
+#include "history/history_store.h"
+
+namespace {
+
+constexpr int c_entries = 1000000;
+constexpr int c_few = 1000;
+constexpr int c_page = 100;
+constexpr qint64 c_usBetween = 20000;
+
+HistoryRecord recordOf(int i)
+{
+    HistoryRecord record;
+    record.arrivedUs = i * c_usBetween;
+    record.serialId = i % 2 == 0 ? QStringLiteral("2210") : QStringLiteral("2211");
+    record.device = QStringLiteral("/dev/ttyUSB0");
+    record.plugin = QStringLiteral("Plugin Device Haitor");
+    record.isGood = i % 50 != 7;
+    const QString status = record.isGood ? QStringLiteral("0") : QStringLiteral("2");
+    record.entries = {QStringLiteral("12.%1").arg(i % 100),
+                      QStringLiteral("0"),
+                      status,
+                      QStringLiteral("90"),
+                      QStringLiteral("0"),
+                      QString::number(i),
+                      QStringLiteral("0"),
+                      i,
+                      1 + i % 8};
+    record.rawLine = "RE:F:12.05,0,0,90,0,1,0";
+    record.preset = QStringLiteral("{\"unit\":\"N.m\",\"program\":%1}").arg(1 + i % 8);
+    if (i % 1000 == 500) {
+        record.kind = HistoryRecord::Kind::Gap;
+        record.counter = QStringLiteral("readingNumber");
+        record.countBefore = i;
+        record.countAfter = i + 2;
+    }
+    return record;
+}
+
+/// A history of that size, made once for each size.
+class Filled
+{
+public:
+    explicit Filled(int entries) : store(m_folder.path())
+    {
+        if (store.openToWrite()) {
+            qFatal("the history cannot be made");
+        }
+        constexpr int c_together = 5000;
+        for (int i = 0; i < entries;) {
+            QVector<HistoryRecord> records;
+            for (; records.size() < c_together && i < entries; ++i) {
+                records.append(recordOf(i));
+            }
+            if (store.append(records)) {
+                qFatal("the history cannot be filled");
+            }
+        }
+    }
+
+    static Filled& million()
+    {
+        static Filled filled(c_entries);
+        return filled;
+    }
+    static Filled& thousand()
+    {
+        static Filled filled(c_few);
+        return filled;
+    }
+
+private:
+    QTemporaryDir m_folder;
+
+public:
+    HistoryStore store;
+};
+
+/// The filters, by number: a bit each for time, wrench, program and status.
+HistoryFilter filterOf(std::int64_t bits)
+{
+    HistoryFilter filter;
+    if ((bits & 1) != 0) {
+        filter.sinceUs = c_entries / 2 * c_usBetween;
+        filter.untilUs = c_entries / 4 * 3 * c_usBetween;
+    }
+    if ((bits & 2) != 0) {
+        filter.serialId = QStringLiteral("2211");
+    }
+    if ((bits & 4) != 0) {
+        filter.program = 4;
+    }
+    if ((bits & 8) != 0) {
+        filter.isGood = false;
+    }
+    return filter;
+}
+
+/// In the middle of what there is.
+HistoryKey middle()
+{
+    return {c_entries / 8 * 5 * c_usBetween, c_entries / 8 * 5};
+}
+
+void page(benchmark::State& state)
+{
+    Filled& filled = Filled::million();
+    HistoryQuery query(filled.store.database(), filterOf(state.range(0)));
+    QVector<HistoryRecord> records;
+    for (auto _ : state) {
+        if (query.page(middle(), c_page, &records)) {
+            state.SkipWithError("no page");
+            break;
+        }
+        benchmark::DoNotOptimize(records.data());
+    }
+    state.counters["entries"] = double(records.size());
+}
+
+void bind(sqlite3_stmt* statement, const char* place, std::int64_t value)
+{
+    const int index = sqlite3_bind_parameter_index(statement, place);
+    if (index > 0) {
+        sqlite3_bind_int64(statement, index, value);
+    }
+}
+
+/// The same statement, prepared each time, as a program without Qt asks it: every column is read, and texts are taken.
+void barePage(benchmark::State& state)
+{
+    Filled& filled = Filled::million();
+    const HistoryFilter filter = filterOf(state.range(0));
+    const QByteArray text = HistoryQuery(filled.store.database(), filter).pageStatement(middle()).toUtf8();
+    sqlite3* database = nullptr;
+    sqlite3_open_v2(QFile::encodeName(filled.store.file()).constData(), &database, SQLITE_OPEN_READONLY, nullptr);
+    std::int64_t rows = 0;
+    for (auto _ : state) {
+        sqlite3_stmt* statement = nullptr;
+        if (sqlite3_prepare_v2(database, text.constData(), -1, &statement, nullptr) != SQLITE_OK) {
+            state.SkipWithError("no statement");
+            break;
+        }
+        sqlite3_bind_text(statement, std::max(1, sqlite3_bind_parameter_index(statement, ":serial")), "2211", -1,
+                          SQLITE_STATIC);
+        bind(statement, ":program", 4);
+        bind(statement, ":least", std::max(filter.sinceUs.value_or(0), middle().arrivedUs));
+        bind(statement, ":end", filter.untilUs.value_or(INT64_MAX));
+        bind(statement, ":key_us", middle().arrivedUs);
+        bind(statement, ":key_id", middle().id);
+        bind(statement, ":most", c_page);
+        rows = 0;
+        std::vector<std::vector<std::string>> taken;
+        while (sqlite3_step(statement) == SQLITE_ROW) {
+            ++rows;
+            std::vector<std::string> cells;
+            for (int i = 0; i < sqlite3_column_count(statement); ++i) {
+                const auto* cell = reinterpret_cast<const char*>(sqlite3_column_text(statement, i));
+                cells.emplace_back(cell == nullptr ? "" : cell);
+            }
+            taken.push_back(std::move(cells));
+        }
+        benchmark::DoNotOptimize(taken.data());
+        sqlite3_finalize(statement);
+    }
+    sqlite3_close(database);
+    state.counters["entries"] = double(rows);
+}
+
+void totals(benchmark::State& state)
+{
+    Filled& filled = Filled::million();
+    HistoryQuery query(filled.store.database(), filterOf(state.range(0)));
+    HistoryTotals counted;
+    for (auto _ : state) {
+        if (query.totals({}, &counted)) {
+            state.SkipWithError("no totals");
+            break;
+        }
+    }
+    state.counters["entries"] = double(counted.good + counted.notGood);
+}
+
+/// One result, on the disk when it is done, in a history that already holds so many.
+void storeOne(benchmark::State& state)
+{
+    Filled& filled = state.range(0) == c_few ? Filled::thousand() : Filled::million();
+    static int i = c_entries;
+    for (auto _ : state) {
+        QVector<HistoryRecord> records{recordOf(i)};
+        if (filled.store.append(records)) {
+            state.SkipWithError("not stored");
+            break;
+        }
+        ++i;
+    }
+}
+
+/// What a disk takes at the least: one append of a WAL frame's size, and its sync.
+void bareSync(benchmark::State& state)
+{
+    const QTemporaryDir folder;
+    const int file = open(QFile::encodeName(folder.filePath(QStringLiteral("file"))).constData(),
+                          O_CREAT | O_RDWR | O_CLOEXEC, 0600);
+    const QByteArray frame(4096 + 24, 'x');
+    for (auto _ : state) {
+        if (write(file, frame.constData(), std::size_t(frame.size())) != frame.size() || fdatasync(file) != 0) {
+            state.SkipWithError("not written");
+            break;
+        }
+    }
+    close(file);
+}
+
+/// Bytes of this process in memory that are its own.
+double residentBytes()
+{
+    QFile file(QStringLiteral("/proc/self/statm"));
+    if (!file.open(QIODevice::ReadOnly)) {
+        return 0;
+    }
+    const QList<QByteArray> pages = file.readAll().split(' ');
+    return double(pages.at(1).toLongLong() - pages.at(2).toLongLong()) * double(sysconf(_SC_PAGESIZE));
+}
+
+/// All of a history into a file, page by page as `results --export` does; the memory is what it takes more at its most.
+void exportAll(benchmark::State& state)
+{
+    Filled& filled = Filled::million();
+    const QTemporaryDir folder;
+    const double before = residentBytes();
+    double most = before;
+    for (auto _ : state) {
+        HistoryFilter filter;
+        filter.untilUs = state.range(0) * c_usBetween;
+        HistoryQuery query(filled.store.database(), filter);
+        HistoryExport out(folder.filePath(QStringLiteral("out.csv")), HistoryExport::Format::Csv);
+        bool isBroken = bool(out.begin());
+        std::optional<HistoryKey> behind;
+        QVector<HistoryRecord> records;
+        do {
+            isBroken = isBroken || query.page(behind, 500, &records) || out.write(records);
+            if (!records.isEmpty()) {
+                behind = HistoryKey{records.constLast().arrivedUs, records.constLast().id};
+            }
+            most = std::max(most, residentBytes());
+        } while (!isBroken && !records.isEmpty());
+        if (isBroken || out.commit()) {
+            state.SkipWithError("not exported");
+            break;
+        }
+    }
+    state.counters["bytes"] = most - before;
+    state.counters["ns_per_entry"] = benchmark::Counter(
+        double(state.range(0)) * 1e-9, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
+void openToWrite(benchmark::State& state)
+{
+    Filled& filled = Filled::million();
+    for (auto _ : state) {
+        HistoryStore store(QFileInfo(filled.store.file()).absolutePath());
+        if (store.openToWrite()) {
+            state.SkipWithError("not opened");
+            break;
+        }
+    }
+}
+
+BENCHMARK(page)->Name("history/page")->DenseRange(0, 15)->UseRealTime();
+BENCHMARK(barePage)->Name("history/bare_page")->DenseRange(0, 15)->UseRealTime();
+BENCHMARK(totals)->Name("history/totals")->Arg(0)->Arg(6)->UseRealTime();
+BENCHMARK(storeOne)->Name("history/store_one")->Arg(c_few)->Arg(c_entries)->Iterations(300)->UseRealTime();
+BENCHMARK(bareSync)->Name("history/bare_sync")->Iterations(300)->UseRealTime();
+BENCHMARK(exportAll)->Name("history/export")->Arg(c_entries / 10)->Arg(c_entries)->Iterations(1)->UseRealTime();
+BENCHMARK(openToWrite)->Name("history/open_to_write")->Iterations(1)->UseRealTime();
+
+} // namespace
