@@ -360,6 +360,161 @@ Optionen aller Befehle:
     </message>
 </context>
 <context>
+    <name>Doctor</name>
+    <message>
+        <source>&quot;%1&quot; has failed</source>
+        <translation>„%1“ ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>interrupted</source>
+        <translation>unterbrochen</translation>
+    </message>
+    <message>
+        <source>the port cannot be used</source>
+        <translation>der Anschluss ist nicht nutzbar</translation>
+    </message>
+    <message>
+        <source>locks the wrench again, as it was found (DT:1)</source>
+        <translation>sperrt den Schlüssel wieder, wie er vorgefunden wurde (DT:1)</translation>
+    </message>
+    <message>
+        <source>leaves the wrench unlocked, as it was found (DT:0)</source>
+        <translation>lässt den Schlüssel entsperrt, wie er vorgefunden wurde (DT:0)</translation>
+    </message>
+    <message>
+        <source>the wrench could not be locked again, as it was found</source>
+        <translation>der Schlüssel ließ sich nicht wieder sperren, wie er vorgefunden wurde</translation>
+    </message>
+    <message>
+        <source>the wrench could not be left unlocked, as it was found</source>
+        <translation>der Schlüssel ließ sich nicht entsperrt lassen, wie er vorgefunden wurde</translation>
+    </message>
+</context>
+<context>
+    <name>DoctorCommand</name>
+    <message>
+        <source>the doctor takes no argument &quot;%1&quot;</source>
+        <translation>die Untersuchung kennt kein Argument „%1“</translation>
+    </message>
+    <message>
+        <source>see app_workplace doctor --help</source>
+        <translation>siehe app_workplace doctor --help</translation>
+    </message>
+    <message>
+        <source>Looks at the workplace step by step, and says how to mend what fails.</source>
+        <translation>Untersucht den Arbeitsplatz Schritt für Schritt und sagt, wie zu beheben ist, was nicht geht.</translation>
+    </message>
+    <message>
+        <source>Asks you to tighten once, and waits so long for the result; not done otherwise.</source>
+        <translation>Bittet Sie um eine Verschraubung und wartet so lange auf das Ergebnis; sonst entfällt dies.</translation>
+    </message>
+    <message>
+        <source>Listens so long for wrenches, instead of 5.</source>
+        <translation>Horcht so lange nach Schlüsseln, statt 5.</translation>
+    </message>
+    <message>
+        <source>Limit of each wait for an answer, instead of each one&apos;s own.</source>
+        <translation>Grenze für jedes Warten auf eine Antwort, statt der jeweils eigenen.</translation>
+    </message>
+</context>
+<context>
+    <name>DoctorStage</name>
+    <message>
+        <source>the port takes nothing</source>
+        <translation>der Anschluss nimmt nichts an</translation>
+    </message>
+</context>
+<context>
+    <name>DoctorTextReport</name>
+    <message>
+        <source>sends</source>
+        <translation>sendet</translation>
+    </message>
+    <message>
+        <source>note</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>ok</source>
+        <translation>in Ordnung</translation>
+    </message>
+    <message>
+        <source>FAILED</source>
+        <translation>FEHLER</translation>
+    </message>
+    <message>
+        <source>skipped</source>
+        <translation>entfällt</translation>
+    </message>
+    <message>
+        <source>%1 passed, %2 failed, %3 skipped</source>
+        <translation>%1 bestanden, %2 fehlgeschlagen, %3 entfallen</translation>
+    </message>
+    <message>
+        <source>Interrupted: %1</source>
+        <translation>Unterbrochen: %1</translation>
+    </message>
+    <message>
+        <source>Nothing is wrong: %1</source>
+        <translation>Alles in Ordnung: %1</translation>
+    </message>
+    <message>
+        <source>Something is wrong: %1</source>
+        <translation>Etwas stimmt nicht: %1</translation>
+    </message>
+</context>
+<context>
+    <name>DongleStage</name>
+    <message>
+        <source>a dongle answers, and no other device</source>
+        <translation>ein Funkadapter antwortet und kein anderes Gerät</translation>
+    </message>
+    <message>
+        <source>ATS to the dongle, which begins a search</source>
+        <translation>ATS an den Funkadapter, der eine Suche beginnt</translation>
+    </message>
+    <message>
+        <source>nobody answers, the line only repeats what is sent</source>
+        <translation>niemand antwortet, die Leitung wiederholt nur das Gesendete</translation>
+    </message>
+    <message>
+        <source>it said %1</source>
+        <translation>er sagte %1</translation>
+    </message>
+    <message>
+        <source>take the loop-back plug off, or choose the dongle&apos;s port; &quot;app_workplace ports&quot; lists the ports</source>
+        <translation>ziehen Sie den Prüfstecker ab, oder wählen Sie den Anschluss des Funkadapters; „app_workplace ports“ listet die Anschlüsse auf</translation>
+    </message>
+    <message>
+        <source>another device than a dongle answers</source>
+        <translation>ein anderes Gerät als ein Funkadapter antwortet</translation>
+    </message>
+    <message>
+        <source>choose the dongle&apos;s port; &quot;app_workplace ports&quot; lists the ports</source>
+        <translation>wählen Sie den Anschluss des Funkadapters; „app_workplace ports“ listet die Anschlüsse auf</translation>
+    </message>
+    <message>
+        <source>the dongle refuses to search</source>
+        <translation>der Funkadapter verweigert die Suche</translation>
+    </message>
+    <message>
+        <source>it said &quot;%1&quot;</source>
+        <translation>er sagte „%1“</translation>
+    </message>
+    <message>
+        <source>unplug the dongle, plug it in again and try once more</source>
+        <translation>ziehen Sie den Funkadapter ab, stecken Sie ihn wieder ein und versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>a dongle answers; it keeps a link that is open</source>
+        <translation>ein Funkadapter antwortet; er hält eine offene Verbindung</translation>
+    </message>
+    <message>
+        <source>a dongle answers</source>
+        <translation>ein Funkadapter antwortet</translation>
+    </message>
+</context>
+<context>
     <name>DriverSettings</name>
     <message>
         <source>write &quot;%1&quot; beside &quot;driver&quot;</source>
@@ -552,6 +707,128 @@ Optionen aller Befehle:
     </message>
 </context>
 <context>
+    <name>LineStage</name>
+    <message>
+        <source>the line takes frames, and text comes back</source>
+        <translation>die Leitung nimmt Telegramme an, und Text kommt zurück</translation>
+    </message>
+    <message>
+        <source>ATH and ATS to the dongle, which end an open link and begin a search</source>
+        <translation>ATH und ATS an den Funkadapter; sie beenden eine offene Verbindung und beginnen eine Suche</translation>
+    </message>
+    <message>
+        <source>text comes back</source>
+        <translation>Text kommt zurück</translation>
+    </message>
+    <message>
+        <source>what comes back is no text; tries other speeds: %1</source>
+        <translation>was zurückkommt, ist kein Text; andere Geschwindigkeiten werden versucht: %1</translation>
+    </message>
+    <message>
+        <source>nothing comes back; tries other speeds: %1</source>
+        <translation>nichts kommt zurück; andere Geschwindigkeiten werden versucht: %1</translation>
+    </message>
+    <message>
+        <source>the dongle answers at another speed: %1</source>
+        <translation>der Funkadapter antwortet mit einer anderen Geschwindigkeit: %1</translation>
+    </message>
+    <message>
+        <source>it said %1 there</source>
+        <translation>dort sagte er %1</translation>
+    </message>
+    <message>
+        <source>set &quot;baudRate&quot; in the configuration file: &quot;driver&quot;: {&quot;baudRate&quot;: %1}</source>
+        <translation>stellen Sie „baudRate“ in der Konfigurationsdatei ein: &quot;driver&quot;: {&quot;baudRate&quot;: %1}</translation>
+    </message>
+    <message>
+        <source>another device than a dongle answers, at another speed: %1</source>
+        <translation>ein anderes Gerät als ein Funkadapter antwortet, mit einer anderen Geschwindigkeit: %1</translation>
+    </message>
+    <message>
+        <source>choose the dongle&apos;s port; &quot;app_workplace ports&quot; lists the ports</source>
+        <translation>wählen Sie den Anschluss des Funkadapters; „app_workplace ports“ listet die Anschlüsse auf</translation>
+    </message>
+    <message>
+        <source>what comes back is no text, at none of the common speeds</source>
+        <translation>was zurückkommt, ist bei keiner üblichen Geschwindigkeit Text</translation>
+    </message>
+    <message>
+        <source>the other end has another format, or the line is disturbed</source>
+        <translation>die Gegenstelle hat ein anderes Format, oder die Leitung ist gestört</translation>
+    </message>
+    <message>
+        <source>set &quot;baudRate&quot;, &quot;dataBits&quot;, &quot;parity&quot; and &quot;stopBits&quot; in the configuration file to those of the dongle, and check the cable</source>
+        <translation>stellen Sie „baudRate“, „dataBits“, „parity“ und „stopBits“ in der Konfigurationsdatei auf die Werte des Funkadapters, und prüfen Sie das Kabel</translation>
+    </message>
+    <message>
+        <source>nothing answers on the port</source>
+        <translation>am Anschluss antwortet nichts</translation>
+    </message>
+    <message>
+        <source>ATH and ATS were sent at each speed, and nothing came back</source>
+        <translation>ATH und ATS wurden mit jeder Geschwindigkeit gesendet, und nichts kam zurück</translation>
+    </message>
+    <message>
+        <source>choose the dongle&apos;s port (&quot;app_workplace ports&quot; lists the ports), and check the dongle&apos;s power and cable</source>
+        <translation>wählen Sie den Anschluss des Funkadapters („app_workplace ports“ listet die Anschlüsse auf), und prüfen Sie seine Versorgung und sein Kabel</translation>
+    </message>
+</context>
+<context>
+    <name>LinkStage</name>
+    <message>
+        <source>the radio link to the wrench opens</source>
+        <translation>die Funkstrecke zum Schlüssel kommt zustande</translation>
+    </message>
+    <message>
+        <source>ATD and the wrench&apos;s address to the dongle, and ATH behind it, as a session does</source>
+        <translation>ATD und die Adresse des Schlüssels an den Funkadapter, danach ATH, wie in einer Sitzung</translation>
+    </message>
+    <message>
+        <source>a link is open already</source>
+        <translation>es besteht schon eine Verbindung</translation>
+    </message>
+    <message>
+        <source>the link to the wrench %1 opens</source>
+        <translation>die Funkstrecke zum Schlüssel %1 kommt zustande</translation>
+    </message>
+    <message>
+        <source>the radio link to the wrench %1 does not open</source>
+        <translation>die Funkstrecke zum Schlüssel %1 kommt nicht zustande</translation>
+    </message>
+    <message>
+        <source>the dongle did not answer</source>
+        <translation>der Funkadapter hat nicht geantwortet</translation>
+    </message>
+    <message>
+        <source>the dongle said only %1</source>
+        <translation>der Funkadapter sagte nur %1</translation>
+    </message>
+    <message>
+        <source>unplug the dongle, plug it in again and try once more</source>
+        <translation>ziehen Sie den Funkadapter ab, stecken Sie ihn wieder ein und versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>the radio link to the wrench %1 is refused</source>
+        <translation>die Funkstrecke zum Schlüssel %1 wird verweigert</translation>
+    </message>
+    <message>
+        <source>the dongle said &quot;%1&quot;</source>
+        <translation>der Funkadapter sagte „%1“</translation>
+    </message>
+    <message>
+        <source>switch the wrench off and on, bring it near, and see that no other dongle is linked to it</source>
+        <translation>schalten Sie den Schlüssel aus und ein, bringen Sie ihn näher, und sorgen Sie dafür, dass kein anderer Funkadapter mit ihm verbunden ist</translation>
+    </message>
+    <message>
+        <source>the dongle has linked another wrench than %1</source>
+        <translation>der Funkadapter hat einen anderen Schlüssel als %1 verbunden</translation>
+    </message>
+    <message>
+        <source>%1 was to be dialled, and the dongle said %2</source>
+        <translation>%1 sollte gewählt werden, und der Funkadapter sagte %2</translation>
+    </message>
+</context>
+<context>
     <name>Main</name>
     <message>
         <source>app_workplace %1</source>
@@ -633,6 +910,60 @@ Optionen aller Befehle:
     </message>
 </context>
 <context>
+    <name>PluginsStage</name>
+    <message>
+        <source>the libraries fit, the plugins load and make their devices</source>
+        <translation>die Bibliotheken passen, die Plugins lassen sich laden und stellen ihre Geräte bereit</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>the driver plugin cannot be used here</source>
+        <translation>das Treiber-Plugin ist hier nicht verwendbar</translation>
+    </message>
+    <message>
+        <source>the device plugin cannot be used here</source>
+        <translation>das Geräte-Plugin ist hier nicht verwendbar</translation>
+    </message>
+    <message>
+        <source>it has no command &quot;%1&quot;</source>
+        <translation>es hat keinen Befehl „%1“</translation>
+    </message>
+    <message>
+        <source>name the folder of the right plugins with --plugins</source>
+        <translation>nennen Sie mit --plugins den Ordner der richtigen Plugins</translation>
+    </message>
+    <message>
+        <source>%1; Qt %2</source>
+        <translation>%1; Qt %2</translation>
+    </message>
+</context>
+<context>
+    <name>PortStage</name>
+    <message>
+        <source>the port exists, is permitted and is free</source>
+        <translation>der Anschluss ist da, erlaubt und frei</translation>
+    </message>
+    <message>
+        <source>the port could not be opened</source>
+        <translation>der Anschluss ließ sich nicht öffnen</translation>
+    </message>
+    <message>
+        <source>the driver did not say why</source>
+        <translation>der Treiber hat keinen Grund genannt</translation>
+    </message>
+    <message>
+        <source>check the port and the cable; &quot;app_workplace ports&quot; lists the ports</source>
+        <translation>prüfen Sie Anschluss und Kabel; „app_workplace ports“ listet die Anschlüsse auf</translation>
+    </message>
+    <message>
+        <source>%1 is open, for this program alone</source>
+        <translation>%1 ist offen, für dieses Programm allein</translation>
+    </message>
+</context>
+<context>
     <name>PortsCommand</name>
     <message>
         <source>the list of ports takes no argument &quot;%1&quot;</source>
@@ -684,6 +1015,136 @@ Optionen aller Befehle:
     <message>
         <source>  do:  %1</source>
         <translation>  Abhilfe: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ProgramsStage</name>
+    <message>
+        <source>the programs of the wrench can be read</source>
+        <translation>die Programme des Schlüssels lassen sich lesen</translation>
+    </message>
+    <message>
+        <source>IDLE, TR:C and TR:N to the wrench: its first program is the current one afterwards</source>
+        <translation>IDLE, TR:C und TR:N an den Schlüssel: danach ist sein erstes Programm das aktuelle</translation>
+    </message>
+    <message>
+        <source>the device plugin has no command &quot;%1&quot;</source>
+        <translation>das Geräte-Plugin hat keinen Befehl „%1“</translation>
+    </message>
+    <message>
+        <source>name another folder with --plugins</source>
+        <translation>nennen Sie mit --plugins einen anderen Ordner</translation>
+    </message>
+    <message>
+        <source>1 program</source>
+        <translation>1 Programm</translation>
+    </message>
+    <message>
+        <source>%1 programs</source>
+        <translation>%1 Programme</translation>
+    </message>
+    <message>
+        <source>the device plugin refuses to read the programs</source>
+        <translation>das Geräte-Plugin verweigert das Lesen der Programme</translation>
+    </message>
+    <message>
+        <source>the wrench did not answer</source>
+        <translation>der Schlüssel hat nicht geantwortet</translation>
+    </message>
+    <message>
+        <source>the last that was said is &quot;%1&quot;</source>
+        <translation>zuletzt wurde „%1“ gesagt</translation>
+    </message>
+    <message>
+        <source>the programs cannot be read while a tightening is running</source>
+        <translation>während einer Verschraubung lassen sich die Programme nicht lesen</translation>
+    </message>
+    <message>
+        <source>finish the tightening, or wait until it is over, and try again</source>
+        <translation>beenden Sie die Verschraubung, oder warten Sie ihr Ende ab, und versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>the programs could be read only in part: %1</source>
+        <translation>die Programme ließen sich nur teilweise lesen: %1</translation>
+    </message>
+    <message>
+        <source>bring the wrench nearer and try again</source>
+        <translation>bringen Sie den Schlüssel näher und versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>the programs of the wrench cannot be read</source>
+        <translation>die Programme des Schlüssels lassen sich nicht lesen</translation>
+    </message>
+    <message>
+        <source>bring the wrench nearer and try again; see that the wrench holds a program</source>
+        <translation>bringen Sie den Schlüssel näher und versuchen Sie es noch einmal; sehen Sie nach, ob er ein Programm enthält</translation>
+    </message>
+</context>
+<context>
+    <name>RangeStage</name>
+    <message>
+        <source>the wrench is in range, once, with a good signal</source>
+        <translation>der Schlüssel ist in Reichweite, nur einmal und mit gutem Signal</translation>
+    </message>
+    <message>
+        <source>ATH to the dongle, which ends the search</source>
+        <translation>ATH an den Funkadapter, das die Suche beendet</translation>
+    </message>
+    <message>
+        <source>a dongle that keeps a link does not search, and does not say to which wrench the link is</source>
+        <translation>ein Funkadapter, der eine Verbindung hält, sucht nicht und sagt nicht, zu welchem Schlüssel sie besteht</translation>
+    </message>
+    <message>
+        <source>switch the wrench on and bring it near the dongle</source>
+        <translation>schalten Sie den Schlüssel ein und bringen Sie ihn in die Nähe des Funkadapters</translation>
+    </message>
+    <message>
+        <source>no wrench is in range</source>
+        <translation>kein Schlüssel ist in Reichweite</translation>
+    </message>
+    <message>
+        <source>which wrench is to be examined is not said, and several are in range</source>
+        <translation>welcher Schlüssel zu untersuchen ist, ist nicht gesagt, und mehrere sind in Reichweite</translation>
+    </message>
+    <message>
+        <source>the wrench %1 is not in range</source>
+        <translation>der Schlüssel %1 ist nicht in Reichweite</translation>
+    </message>
+    <message>
+        <source>no wrench was heard</source>
+        <translation>es war kein Schlüssel zu hören</translation>
+    </message>
+    <message>
+        <source>only these were heard: %1</source>
+        <translation>nur diese waren zu hören: %1</translation>
+    </message>
+    <message>
+        <source>%1, or check the serial number</source>
+        <translation>%1, oder prüfen Sie die Seriennummer</translation>
+    </message>
+    <message>
+        <source>%1 wrenches answer to the serial number %2</source>
+        <translation>%1 Schlüssel melden sich mit der Seriennummer %2</translation>
+    </message>
+    <message>
+        <source>switch off all but one of them, and have the others given serial numbers of their own</source>
+        <translation>schalten Sie alle bis auf einen aus, und lassen Sie den anderen eigene Seriennummern geben</translation>
+    </message>
+    <message>
+        <source>the signal of the wrench %1 is weak: %2 dBm</source>
+        <translation>das Signal des Schlüssels %1 ist schwach: %2 dBm</translation>
+    </message>
+    <message>
+        <source>below %1 dBm frames get lost</source>
+        <translation>unter %1 dBm gehen Telegramme verloren</translation>
+    </message>
+    <message>
+        <source>bring wrench and dongle nearer to each other, with nothing of metal between them</source>
+        <translation>bringen Sie Schlüssel und Funkadapter näher zueinander, ohne Metall dazwischen</translation>
+    </message>
+    <message>
+        <source>the wrench %1 is heard with %2 dBm</source>
+        <translation>der Schlüssel %1 ist mit %2 dBm zu hören</translation>
     </message>
 </context>
 <context>
@@ -834,6 +1295,85 @@ Optionen aller Befehle:
     <message>
         <source>gap: %1 readings are missing, %2 to %3</source>
         <translation>Lücke: %1 Messungen fehlen, %2 bis %3</translation>
+    </message>
+</context>
+<context>
+    <name>ResultsStage</name>
+    <message>
+        <source>a tightening arrives as a result</source>
+        <translation>eine Verschraubung kommt als Ergebnis an</translation>
+    </message>
+    <message>
+        <source>DT:1, SC:TL:2 and RE:1 to the wrench, which reports its results from now on, and DT:0, which unlocks it; the lock is put back at the end</source>
+        <translation>DT:1, SC:TL:2 und RE:1 an den Schlüssel, der ab jetzt seine Ergebnisse meldet, und DT:0, das ihn entsperrt; die Sperre wird am Ende zurückgestellt</translation>
+    </message>
+    <message>
+        <source>not asked for: with --wait-result 60 you are asked to tighten once</source>
+        <translation>nicht verlangt: Mit --wait-result 60 werden Sie um eine Verschraubung gebeten</translation>
+    </message>
+    <message>
+        <source>the device plugin lacks the command &quot;%1&quot; or &quot;%2&quot;</source>
+        <translation>dem Geräte-Plugin fehlt der Befehl „%1“ oder „%2“</translation>
+    </message>
+    <message>
+        <source>name another folder with --plugins</source>
+        <translation>nennen Sie mit --plugins einen anderen Ordner</translation>
+    </message>
+    <message>
+        <source>the wrench does not take its configuration</source>
+        <translation>der Schlüssel nimmt seine Einstellung nicht an</translation>
+    </message>
+    <message>
+        <source>it did not answer</source>
+        <translation>er hat nicht geantwortet</translation>
+    </message>
+    <message>
+        <source>the last that was said is &quot;%1&quot;</source>
+        <translation>zuletzt wurde „%1“ gesagt</translation>
+    </message>
+    <message>
+        <source>bring the wrench nearer and try again</source>
+        <translation>bringen Sie den Schlüssel näher und versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>the wrench is locked, and a locked wrench gives no result</source>
+        <translation>der Schlüssel ist gesperrt, und ein gesperrter Schlüssel gibt kein Ergebnis</translation>
+    </message>
+    <message>
+        <source>it was unlocked with DT:0 and says that it is locked all the same</source>
+        <translation>er wurde mit DT:0 entsperrt und meldet sich trotzdem gesperrt</translation>
+    </message>
+    <message>
+        <source>see who else locks it: another program, or a key on the wrench</source>
+        <translation>sehen Sie nach, wer ihn sonst sperrt: ein anderes Programm oder eine Taste am Schlüssel</translation>
+    </message>
+    <message>
+        <source>the wrench does not tell its lock any more</source>
+        <translation>der Schlüssel meldet seine Sperre nicht mehr</translation>
+    </message>
+    <message>
+        <source>the line said &quot;%1&quot;</source>
+        <translation>auf der Leitung kam „%1“</translation>
+    </message>
+    <message>
+        <source>Tighten once now; a result is waited for %1 s.</source>
+        <translation>Verschrauben Sie jetzt einmal; auf ein Ergebnis wird %1 s gewartet.</translation>
+    </message>
+    <message>
+        <source>a result has come: torque %1, reading %2</source>
+        <translation>ein Ergebnis ist angekommen: Drehmoment %1, Messung %2</translation>
+    </message>
+    <message>
+        <source>no result has come within %1 s</source>
+        <translation>innerhalb von %1 s ist kein Ergebnis angekommen</translation>
+    </message>
+    <message>
+        <source>the wrench is unlocked and answers, and has told of no tightening</source>
+        <translation>der Schlüssel ist entsperrt und antwortet, hat aber keine Verschraubung gemeldet</translation>
+    </message>
+    <message>
+        <source>tighten once while it is waited for; give more time with --wait-result</source>
+        <translation>verschrauben Sie einmal, solange gewartet wird; geben Sie mit --wait-result mehr Zeit</translation>
     </message>
 </context>
 <context>
@@ -1178,6 +1718,80 @@ Optionen aller Befehle:
     <message>
         <source>plugins from %1: %2</source>
         <translation>Plugins aus %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>WrenchLock</name>
+    <message>
+        <source>it answered &quot;%1&quot; to &quot;%2&quot;</source>
+        <translation>er antwortete „%1“ auf „%2“</translation>
+    </message>
+    <message>
+        <source>it did not answer to &quot;%1&quot;</source>
+        <translation>er hat auf „%1“ nicht geantwortet</translation>
+    </message>
+</context>
+<context>
+    <name>WrenchStage</name>
+    <message>
+        <source>the wrench acknowledges</source>
+        <translation>der Schlüssel quittiert</translation>
+    </message>
+    <message>
+        <source>DI:C to the wrench, which tells its lock and changes nothing</source>
+        <translation>DI:C an den Schlüssel, der seine Sperre meldet und nichts ändert</translation>
+    </message>
+    <message>
+        <source>the line said &quot;%1&quot;</source>
+        <translation>auf der Leitung kam „%1“</translation>
+    </message>
+    <message>
+        <source>the wrench answers; it is locked</source>
+        <translation>der Schlüssel antwortet; er ist gesperrt</translation>
+    </message>
+    <message>
+        <source>the wrench answers; it is unlocked</source>
+        <translation>der Schlüssel antwortet; er ist entsperrt</translation>
+    </message>
+    <message>
+        <source>the dongle does not open the link again for a frame</source>
+        <translation>der Funkadapter öffnet die Verbindung für ein Telegramm nicht wieder</translation>
+    </message>
+    <message>
+        <source>set the dongle to open its last link by itself</source>
+        <translation>stellen Sie den Funkadapter so ein, dass er seine letzte Verbindung selbst öffnet</translation>
+    </message>
+    <message>
+        <source>the wrench is not reached</source>
+        <translation>der Schlüssel ist nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>bring the wrench nearer and try again</source>
+        <translation>bringen Sie den Schlüssel näher und versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>the wrench answers nonsense</source>
+        <translation>der Schlüssel antwortet Unverständliches</translation>
+    </message>
+    <message>
+        <source>it was asked for its lock, and said %1</source>
+        <translation>er wurde nach seiner Sperre gefragt und sagte %1</translation>
+    </message>
+    <message>
+        <source>switch the wrench off and on; when that does not help it is of another kind, or broken</source>
+        <translation>schalten Sie den Schlüssel aus und ein; hilft das nicht, ist er von anderer Art oder defekt</translation>
+    </message>
+    <message>
+        <source>the wrench is silent, although its link opens</source>
+        <translation>der Schlüssel schweigt, obwohl seine Funkstrecke zustande kommt</translation>
+    </message>
+    <message>
+        <source>it did not answer to &quot;%1&quot;</source>
+        <translation>er hat auf „%1“ nicht geantwortet</translation>
+    </message>
+    <message>
+        <source>switch the wrench off and on, and bring it near</source>
+        <translation>schalten Sie den Schlüssel aus und ein, und bringen Sie ihn näher</translation>
     </message>
 </context>
 </TS>

@@ -360,6 +360,161 @@ Options de toutes les commandes :
     </message>
 </context>
 <context>
+    <name>Doctor</name>
+    <message>
+        <source>&quot;%1&quot; has failed</source>
+        <translation>« %1 » a échoué</translation>
+    </message>
+    <message>
+        <source>interrupted</source>
+        <translation>interrompu</translation>
+    </message>
+    <message>
+        <source>the port cannot be used</source>
+        <translation>le port n’est pas utilisable</translation>
+    </message>
+    <message>
+        <source>locks the wrench again, as it was found (DT:1)</source>
+        <translation>reverrouille la clé, comme elle a été trouvée (DT:1)</translation>
+    </message>
+    <message>
+        <source>leaves the wrench unlocked, as it was found (DT:0)</source>
+        <translation>laisse la clé déverrouillée, comme elle a été trouvée (DT:0)</translation>
+    </message>
+    <message>
+        <source>the wrench could not be locked again, as it was found</source>
+        <translation>la clé n’a pas pu être reverrouillée, comme elle avait été trouvée</translation>
+    </message>
+    <message>
+        <source>the wrench could not be left unlocked, as it was found</source>
+        <translation>la clé n’a pas pu être laissée déverrouillée, comme elle avait été trouvée</translation>
+    </message>
+</context>
+<context>
+    <name>DoctorCommand</name>
+    <message>
+        <source>the doctor takes no argument &quot;%1&quot;</source>
+        <translation>l’examen n’accepte pas l’argument « %1 »</translation>
+    </message>
+    <message>
+        <source>see app_workplace doctor --help</source>
+        <translation>voir app_workplace doctor --help</translation>
+    </message>
+    <message>
+        <source>Looks at the workplace step by step, and says how to mend what fails.</source>
+        <translation>Examine le poste étape par étape, et dit comment réparer ce qui ne marche pas.</translation>
+    </message>
+    <message>
+        <source>Asks you to tighten once, and waits so long for the result; not done otherwise.</source>
+        <translation>Vous demande un serrage et attend le résultat ce temps-là ; sinon, ce n’est pas fait.</translation>
+    </message>
+    <message>
+        <source>Listens so long for wrenches, instead of 5.</source>
+        <translation>Écoute les clés ce temps-là, au lieu de 5.</translation>
+    </message>
+    <message>
+        <source>Limit of each wait for an answer, instead of each one&apos;s own.</source>
+        <translation>Limite de chaque attente d’une réponse, au lieu de celle de chacune.</translation>
+    </message>
+</context>
+<context>
+    <name>DoctorStage</name>
+    <message>
+        <source>the port takes nothing</source>
+        <translation>le port n’accepte rien</translation>
+    </message>
+</context>
+<context>
+    <name>DoctorTextReport</name>
+    <message>
+        <source>sends</source>
+        <translation>envoie</translation>
+    </message>
+    <message>
+        <source>note</source>
+        <translation>remarque</translation>
+    </message>
+    <message>
+        <source>ok</source>
+        <translation>bon</translation>
+    </message>
+    <message>
+        <source>FAILED</source>
+        <translation>ÉCHEC</translation>
+    </message>
+    <message>
+        <source>skipped</source>
+        <translation>omis</translation>
+    </message>
+    <message>
+        <source>%1 passed, %2 failed, %3 skipped</source>
+        <translation>%1 réussies, %2 en échec, %3 omises</translation>
+    </message>
+    <message>
+        <source>Interrupted: %1</source>
+        <translation>Interrompu : %1</translation>
+    </message>
+    <message>
+        <source>Nothing is wrong: %1</source>
+        <translation>Tout va bien : %1</translation>
+    </message>
+    <message>
+        <source>Something is wrong: %1</source>
+        <translation>Quelque chose ne va pas : %1</translation>
+    </message>
+</context>
+<context>
+    <name>DongleStage</name>
+    <message>
+        <source>a dongle answers, and no other device</source>
+        <translation>un adaptateur radio répond, et non un autre appareil</translation>
+    </message>
+    <message>
+        <source>ATS to the dongle, which begins a search</source>
+        <translation>ATS à l’adaptateur radio, qui commence une recherche</translation>
+    </message>
+    <message>
+        <source>nobody answers, the line only repeats what is sent</source>
+        <translation>personne ne répond, la ligne ne fait que répéter ce qui est envoyé</translation>
+    </message>
+    <message>
+        <source>it said %1</source>
+        <translation>il a dit %1</translation>
+    </message>
+    <message>
+        <source>take the loop-back plug off, or choose the dongle&apos;s port; &quot;app_workplace ports&quot; lists the ports</source>
+        <translation>retirez le bouchon de rebouclage, ou choisissez le port de l’adaptateur radio ; « app_workplace ports » liste les ports</translation>
+    </message>
+    <message>
+        <source>another device than a dongle answers</source>
+        <translation>un autre appareil qu’un adaptateur radio répond</translation>
+    </message>
+    <message>
+        <source>choose the dongle&apos;s port; &quot;app_workplace ports&quot; lists the ports</source>
+        <translation>choisissez le port de l’adaptateur radio ; « app_workplace ports » liste les ports</translation>
+    </message>
+    <message>
+        <source>the dongle refuses to search</source>
+        <translation>l’adaptateur radio refuse de chercher</translation>
+    </message>
+    <message>
+        <source>it said &quot;%1&quot;</source>
+        <translation>il a dit « %1 »</translation>
+    </message>
+    <message>
+        <source>unplug the dongle, plug it in again and try once more</source>
+        <translation>débranchez l’adaptateur radio, rebranchez-le et réessayez</translation>
+    </message>
+    <message>
+        <source>a dongle answers; it keeps a link that is open</source>
+        <translation>un adaptateur radio répond ; il garde une liaison ouverte</translation>
+    </message>
+    <message>
+        <source>a dongle answers</source>
+        <translation>un adaptateur radio répond</translation>
+    </message>
+</context>
+<context>
     <name>DriverSettings</name>
     <message>
         <source>write &quot;%1&quot; beside &quot;driver&quot;</source>
@@ -552,6 +707,128 @@ Options de toutes les commandes :
     </message>
 </context>
 <context>
+    <name>LineStage</name>
+    <message>
+        <source>the line takes frames, and text comes back</source>
+        <translation>la ligne accepte des trames, et du texte revient</translation>
+    </message>
+    <message>
+        <source>ATH and ATS to the dongle, which end an open link and begin a search</source>
+        <translation>ATH et ATS à l’adaptateur radio, qui ferment une liaison ouverte et commencent une recherche</translation>
+    </message>
+    <message>
+        <source>text comes back</source>
+        <translation>du texte revient</translation>
+    </message>
+    <message>
+        <source>what comes back is no text; tries other speeds: %1</source>
+        <translation>ce qui revient n’est pas du texte ; essai d’autres vitesses : %1</translation>
+    </message>
+    <message>
+        <source>nothing comes back; tries other speeds: %1</source>
+        <translation>rien ne revient ; essai d’autres vitesses : %1</translation>
+    </message>
+    <message>
+        <source>the dongle answers at another speed: %1</source>
+        <translation>l’adaptateur radio répond à une autre vitesse : %1</translation>
+    </message>
+    <message>
+        <source>it said %1 there</source>
+        <translation>il y a dit %1</translation>
+    </message>
+    <message>
+        <source>set &quot;baudRate&quot; in the configuration file: &quot;driver&quot;: {&quot;baudRate&quot;: %1}</source>
+        <translation>réglez « baudRate » dans le fichier de configuration : &quot;driver&quot;: {&quot;baudRate&quot;: %1}</translation>
+    </message>
+    <message>
+        <source>another device than a dongle answers, at another speed: %1</source>
+        <translation>un autre appareil qu’un adaptateur radio répond, à une autre vitesse : %1</translation>
+    </message>
+    <message>
+        <source>choose the dongle&apos;s port; &quot;app_workplace ports&quot; lists the ports</source>
+        <translation>choisissez le port de l’adaptateur radio ; « app_workplace ports » liste les ports</translation>
+    </message>
+    <message>
+        <source>what comes back is no text, at none of the common speeds</source>
+        <translation>ce qui revient n’est du texte à aucune des vitesses courantes</translation>
+    </message>
+    <message>
+        <source>the other end has another format, or the line is disturbed</source>
+        <translation>l’autre bout a un autre format, ou la ligne est perturbée</translation>
+    </message>
+    <message>
+        <source>set &quot;baudRate&quot;, &quot;dataBits&quot;, &quot;parity&quot; and &quot;stopBits&quot; in the configuration file to those of the dongle, and check the cable</source>
+        <translation>réglez « baudRate », « dataBits », « parity » et « stopBits » dans le fichier de configuration sur ceux de l’adaptateur radio, et vérifiez le câble</translation>
+    </message>
+    <message>
+        <source>nothing answers on the port</source>
+        <translation>rien ne répond sur le port</translation>
+    </message>
+    <message>
+        <source>ATH and ATS were sent at each speed, and nothing came back</source>
+        <translation>ATH et ATS ont été envoyés à chaque vitesse, et rien n’est revenu</translation>
+    </message>
+    <message>
+        <source>choose the dongle&apos;s port (&quot;app_workplace ports&quot; lists the ports), and check the dongle&apos;s power and cable</source>
+        <translation>choisissez le port de l’adaptateur radio (« app_workplace ports » liste les ports), et vérifiez son alimentation et son câble</translation>
+    </message>
+</context>
+<context>
+    <name>LinkStage</name>
+    <message>
+        <source>the radio link to the wrench opens</source>
+        <translation>la liaison radio avec la clé s’ouvre</translation>
+    </message>
+    <message>
+        <source>ATD and the wrench&apos;s address to the dongle, and ATH behind it, as a session does</source>
+        <translation>ATD et l’adresse de la clé à l’adaptateur radio, puis ATH, comme le fait une session</translation>
+    </message>
+    <message>
+        <source>a link is open already</source>
+        <translation>une liaison est déjà ouverte</translation>
+    </message>
+    <message>
+        <source>the link to the wrench %1 opens</source>
+        <translation>la liaison avec la clé %1 s’ouvre</translation>
+    </message>
+    <message>
+        <source>the radio link to the wrench %1 does not open</source>
+        <translation>la liaison radio avec la clé %1 ne s’ouvre pas</translation>
+    </message>
+    <message>
+        <source>the dongle did not answer</source>
+        <translation>l’adaptateur radio n’a pas répondu</translation>
+    </message>
+    <message>
+        <source>the dongle said only %1</source>
+        <translation>l’adaptateur radio a seulement dit %1</translation>
+    </message>
+    <message>
+        <source>unplug the dongle, plug it in again and try once more</source>
+        <translation>débranchez l’adaptateur radio, rebranchez-le et réessayez</translation>
+    </message>
+    <message>
+        <source>the radio link to the wrench %1 is refused</source>
+        <translation>la liaison radio avec la clé %1 est refusée</translation>
+    </message>
+    <message>
+        <source>the dongle said &quot;%1&quot;</source>
+        <translation>l’adaptateur radio a dit « %1 »</translation>
+    </message>
+    <message>
+        <source>switch the wrench off and on, bring it near, and see that no other dongle is linked to it</source>
+        <translation>éteignez et rallumez la clé, rapprochez-la, et assurez-vous qu’aucun autre adaptateur radio n’est lié à elle</translation>
+    </message>
+    <message>
+        <source>the dongle has linked another wrench than %1</source>
+        <translation>l’adaptateur radio a lié une autre clé que %1</translation>
+    </message>
+    <message>
+        <source>%1 was to be dialled, and the dongle said %2</source>
+        <translation>%1 devait être appelé, et l’adaptateur radio a dit %2</translation>
+    </message>
+</context>
+<context>
     <name>Main</name>
     <message>
         <source>app_workplace %1</source>
@@ -633,6 +910,60 @@ Options de toutes les commandes :
     </message>
 </context>
 <context>
+    <name>PluginsStage</name>
+    <message>
+        <source>the libraries fit, the plugins load and make their devices</source>
+        <translation>les bibliothèques conviennent, les modules se chargent et fournissent leurs appareils</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>the driver plugin cannot be used here</source>
+        <translation>le module pilote n’est pas utilisable ici</translation>
+    </message>
+    <message>
+        <source>the device plugin cannot be used here</source>
+        <translation>le module d’appareil n’est pas utilisable ici</translation>
+    </message>
+    <message>
+        <source>it has no command &quot;%1&quot;</source>
+        <translation>il n’a pas de commande « %1 »</translation>
+    </message>
+    <message>
+        <source>name the folder of the right plugins with --plugins</source>
+        <translation>indiquez le dossier des bons modules avec --plugins</translation>
+    </message>
+    <message>
+        <source>%1; Qt %2</source>
+        <translation>%1 ; Qt %2</translation>
+    </message>
+</context>
+<context>
+    <name>PortStage</name>
+    <message>
+        <source>the port exists, is permitted and is free</source>
+        <translation>le port existe, est permis et libre</translation>
+    </message>
+    <message>
+        <source>the port could not be opened</source>
+        <translation>le port n’a pas pu être ouvert</translation>
+    </message>
+    <message>
+        <source>the driver did not say why</source>
+        <translation>le pilote n’a pas dit pourquoi</translation>
+    </message>
+    <message>
+        <source>check the port and the cable; &quot;app_workplace ports&quot; lists the ports</source>
+        <translation>vérifiez le port et le câble ; « app_workplace ports » liste les ports</translation>
+    </message>
+    <message>
+        <source>%1 is open, for this program alone</source>
+        <translation>%1 est ouvert, pour ce programme seul</translation>
+    </message>
+</context>
+<context>
     <name>PortsCommand</name>
     <message>
         <source>the list of ports takes no argument &quot;%1&quot;</source>
@@ -684,6 +1015,136 @@ Options de toutes les commandes :
     <message>
         <source>  do:  %1</source>
         <translation>  remède : %1</translation>
+    </message>
+</context>
+<context>
+    <name>ProgramsStage</name>
+    <message>
+        <source>the programs of the wrench can be read</source>
+        <translation>les programmes de la clé peuvent être lus</translation>
+    </message>
+    <message>
+        <source>IDLE, TR:C and TR:N to the wrench: its first program is the current one afterwards</source>
+        <translation>IDLE, TR:C et TR:N à la clé : son premier programme est ensuite le programme actif</translation>
+    </message>
+    <message>
+        <source>the device plugin has no command &quot;%1&quot;</source>
+        <translation>le module d’appareil n’a pas de commande « %1 »</translation>
+    </message>
+    <message>
+        <source>name another folder with --plugins</source>
+        <translation>indiquez un autre dossier avec --plugins</translation>
+    </message>
+    <message>
+        <source>1 program</source>
+        <translation>1 programme</translation>
+    </message>
+    <message>
+        <source>%1 programs</source>
+        <translation>%1 programmes</translation>
+    </message>
+    <message>
+        <source>the device plugin refuses to read the programs</source>
+        <translation>le module d’appareil refuse de lire les programmes</translation>
+    </message>
+    <message>
+        <source>the wrench did not answer</source>
+        <translation>la clé n’a pas répondu</translation>
+    </message>
+    <message>
+        <source>the last that was said is &quot;%1&quot;</source>
+        <translation>la dernière chose dite est « %1 »</translation>
+    </message>
+    <message>
+        <source>the programs cannot be read while a tightening is running</source>
+        <translation>les programmes ne peuvent pas être lus pendant un serrage</translation>
+    </message>
+    <message>
+        <source>finish the tightening, or wait until it is over, and try again</source>
+        <translation>terminez le serrage, ou attendez sa fin, et réessayez</translation>
+    </message>
+    <message>
+        <source>the programs could be read only in part: %1</source>
+        <translation>les programmes n’ont pu être lus qu’en partie : %1</translation>
+    </message>
+    <message>
+        <source>bring the wrench nearer and try again</source>
+        <translation>rapprochez la clé et réessayez</translation>
+    </message>
+    <message>
+        <source>the programs of the wrench cannot be read</source>
+        <translation>les programmes de la clé ne peuvent pas être lus</translation>
+    </message>
+    <message>
+        <source>bring the wrench nearer and try again; see that the wrench holds a program</source>
+        <translation>rapprochez la clé et réessayez ; vérifiez que la clé contient un programme</translation>
+    </message>
+</context>
+<context>
+    <name>RangeStage</name>
+    <message>
+        <source>the wrench is in range, once, with a good signal</source>
+        <translation>la clé est à portée, une seule fois, avec un bon signal</translation>
+    </message>
+    <message>
+        <source>ATH to the dongle, which ends the search</source>
+        <translation>ATH à l’adaptateur radio, qui termine la recherche</translation>
+    </message>
+    <message>
+        <source>a dongle that keeps a link does not search, and does not say to which wrench the link is</source>
+        <translation>un adaptateur radio qui garde une liaison ne cherche pas, et ne dit pas à quelle clé il est lié</translation>
+    </message>
+    <message>
+        <source>switch the wrench on and bring it near the dongle</source>
+        <translation>allumez la clé et rapprochez-la de l’adaptateur radio</translation>
+    </message>
+    <message>
+        <source>no wrench is in range</source>
+        <translation>aucune clé n’est à portée</translation>
+    </message>
+    <message>
+        <source>which wrench is to be examined is not said, and several are in range</source>
+        <translation>la clé à examiner n’est pas indiquée, et plusieurs sont à portée</translation>
+    </message>
+    <message>
+        <source>the wrench %1 is not in range</source>
+        <translation>la clé %1 n’est pas à portée</translation>
+    </message>
+    <message>
+        <source>no wrench was heard</source>
+        <translation>aucune clé n’a été entendue</translation>
+    </message>
+    <message>
+        <source>only these were heard: %1</source>
+        <translation>seules celles-ci ont été entendues : %1</translation>
+    </message>
+    <message>
+        <source>%1, or check the serial number</source>
+        <translation>%1, ou vérifiez le numéro de série</translation>
+    </message>
+    <message>
+        <source>%1 wrenches answer to the serial number %2</source>
+        <translation>%1 clés répondent au numéro de série %2</translation>
+    </message>
+    <message>
+        <source>switch off all but one of them, and have the others given serial numbers of their own</source>
+        <translation>éteignez-les toutes sauf une, et faites donner aux autres leurs propres numéros de série</translation>
+    </message>
+    <message>
+        <source>the signal of the wrench %1 is weak: %2 dBm</source>
+        <translation>le signal de la clé %1 est faible : %2 dBm</translation>
+    </message>
+    <message>
+        <source>below %1 dBm frames get lost</source>
+        <translation>sous %1 dBm, des trames se perdent</translation>
+    </message>
+    <message>
+        <source>bring wrench and dongle nearer to each other, with nothing of metal between them</source>
+        <translation>rapprochez la clé et l’adaptateur radio, sans métal entre les deux</translation>
+    </message>
+    <message>
+        <source>the wrench %1 is heard with %2 dBm</source>
+        <translation>la clé %1 est entendue à %2 dBm</translation>
     </message>
 </context>
 <context>
@@ -834,6 +1295,85 @@ Options de toutes les commandes :
     <message>
         <source>gap: %1 readings are missing, %2 to %3</source>
         <translation>lacune : %1 mesures manquent, %2 à %3</translation>
+    </message>
+</context>
+<context>
+    <name>ResultsStage</name>
+    <message>
+        <source>a tightening arrives as a result</source>
+        <translation>un serrage arrive comme résultat</translation>
+    </message>
+    <message>
+        <source>DT:1, SC:TL:2 and RE:1 to the wrench, which reports its results from now on, and DT:0, which unlocks it; the lock is put back at the end</source>
+        <translation>DT:1, SC:TL:2 et RE:1 à la clé, qui transmet désormais ses résultats, et DT:0, qui la déverrouille ; le verrou est remis à la fin</translation>
+    </message>
+    <message>
+        <source>not asked for: with --wait-result 60 you are asked to tighten once</source>
+        <translation>non demandé : avec --wait-result 60, un serrage vous est demandé</translation>
+    </message>
+    <message>
+        <source>the device plugin lacks the command &quot;%1&quot; or &quot;%2&quot;</source>
+        <translation>il manque au module d’appareil la commande « %1 » ou « %2 »</translation>
+    </message>
+    <message>
+        <source>name another folder with --plugins</source>
+        <translation>indiquez un autre dossier avec --plugins</translation>
+    </message>
+    <message>
+        <source>the wrench does not take its configuration</source>
+        <translation>la clé n’accepte pas sa configuration</translation>
+    </message>
+    <message>
+        <source>it did not answer</source>
+        <translation>elle n’a pas répondu</translation>
+    </message>
+    <message>
+        <source>the last that was said is &quot;%1&quot;</source>
+        <translation>la dernière chose dite est « %1 »</translation>
+    </message>
+    <message>
+        <source>bring the wrench nearer and try again</source>
+        <translation>rapprochez la clé et réessayez</translation>
+    </message>
+    <message>
+        <source>the wrench is locked, and a locked wrench gives no result</source>
+        <translation>la clé est verrouillée, et une clé verrouillée ne donne pas de résultat</translation>
+    </message>
+    <message>
+        <source>it was unlocked with DT:0 and says that it is locked all the same</source>
+        <translation>elle a été déverrouillée avec DT:0 et se dit pourtant verrouillée</translation>
+    </message>
+    <message>
+        <source>see who else locks it: another program, or a key on the wrench</source>
+        <translation>cherchez ce qui la verrouille : un autre programme, ou une touche de la clé</translation>
+    </message>
+    <message>
+        <source>the wrench does not tell its lock any more</source>
+        <translation>la clé n’indique plus son verrou</translation>
+    </message>
+    <message>
+        <source>the line said &quot;%1&quot;</source>
+        <translation>la ligne a dit « %1 »</translation>
+    </message>
+    <message>
+        <source>Tighten once now; a result is waited for %1 s.</source>
+        <translation>Faites maintenant un serrage ; un résultat est attendu pendant %1 s.</translation>
+    </message>
+    <message>
+        <source>a result has come: torque %1, reading %2</source>
+        <translation>un résultat est arrivé : couple %1, mesure %2</translation>
+    </message>
+    <message>
+        <source>no result has come within %1 s</source>
+        <translation>aucun résultat n’est arrivé en %1 s</translation>
+    </message>
+    <message>
+        <source>the wrench is unlocked and answers, and has told of no tightening</source>
+        <translation>la clé est déverrouillée et répond, et n’a annoncé aucun serrage</translation>
+    </message>
+    <message>
+        <source>tighten once while it is waited for; give more time with --wait-result</source>
+        <translation>faites un serrage pendant l’attente ; accordez plus de temps avec --wait-result</translation>
     </message>
 </context>
 <context>
@@ -1178,6 +1718,80 @@ Options de toutes les commandes :
     <message>
         <source>plugins from %1: %2</source>
         <translation>modules de %1 : %2</translation>
+    </message>
+</context>
+<context>
+    <name>WrenchLock</name>
+    <message>
+        <source>it answered &quot;%1&quot; to &quot;%2&quot;</source>
+        <translation>elle a répondu « %1 » à « %2 »</translation>
+    </message>
+    <message>
+        <source>it did not answer to &quot;%1&quot;</source>
+        <translation>elle n’a pas répondu à « %1 »</translation>
+    </message>
+</context>
+<context>
+    <name>WrenchStage</name>
+    <message>
+        <source>the wrench acknowledges</source>
+        <translation>la clé acquitte</translation>
+    </message>
+    <message>
+        <source>DI:C to the wrench, which tells its lock and changes nothing</source>
+        <translation>DI:C à la clé, qui indique son verrou et ne change rien</translation>
+    </message>
+    <message>
+        <source>the line said &quot;%1&quot;</source>
+        <translation>la ligne a dit « %1 »</translation>
+    </message>
+    <message>
+        <source>the wrench answers; it is locked</source>
+        <translation>la clé répond ; elle est verrouillée</translation>
+    </message>
+    <message>
+        <source>the wrench answers; it is unlocked</source>
+        <translation>la clé répond ; elle est déverrouillée</translation>
+    </message>
+    <message>
+        <source>the dongle does not open the link again for a frame</source>
+        <translation>l’adaptateur radio ne rouvre pas la liaison pour une trame</translation>
+    </message>
+    <message>
+        <source>set the dongle to open its last link by itself</source>
+        <translation>réglez l’adaptateur radio pour qu’il rouvre lui-même sa dernière liaison</translation>
+    </message>
+    <message>
+        <source>the wrench is not reached</source>
+        <translation>la clé est injoignable</translation>
+    </message>
+    <message>
+        <source>bring the wrench nearer and try again</source>
+        <translation>rapprochez la clé et réessayez</translation>
+    </message>
+    <message>
+        <source>the wrench answers nonsense</source>
+        <translation>la clé répond n’importe quoi</translation>
+    </message>
+    <message>
+        <source>it was asked for its lock, and said %1</source>
+        <translation>interrogée sur son verrou, elle a dit %1</translation>
+    </message>
+    <message>
+        <source>switch the wrench off and on; when that does not help it is of another kind, or broken</source>
+        <translation>éteignez et rallumez la clé ; si cela n’aide pas, elle est d’un autre type, ou en panne</translation>
+    </message>
+    <message>
+        <source>the wrench is silent, although its link opens</source>
+        <translation>la clé se tait, bien que sa liaison s’ouvre</translation>
+    </message>
+    <message>
+        <source>it did not answer to &quot;%1&quot;</source>
+        <translation>elle n’a pas répondu à « %1 »</translation>
+    </message>
+    <message>
+        <source>switch the wrench off and on, and bring it near</source>
+        <translation>éteignez et rallumez la clé, et rapprochez-la</translation>
     </message>
 </context>
 </TS>

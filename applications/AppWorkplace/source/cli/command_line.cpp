@@ -173,7 +173,7 @@ QStringList optionsFromFile(const CliEntry& entry, const QCommandLineParser& giv
 SettingOrigin refusedSetting(const Invocation& invocation, const Problem& problem)
 {
     for (const QCommandLineOption& option : invocation.entry->options) {
-        const SettingOrigin origin =
+        SettingOrigin origin =
             invocation.settings.origins.value(invocation.entry->name + QLatin1Char('.') + settingKey(option));
         if (origin.kind == SettingOrigin::Kind::File &&
             problem.what.startsWith(QStringLiteral("--%1 ").arg(option.names().constLast()))) {
