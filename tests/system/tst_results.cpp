@@ -95,6 +95,7 @@ private Q_SLOTS:
     void takesNoProcessorTimeWhileNothingIsStored();
     void tellsAGapAfterASessionThatWasKilled();
 
+    void storesWhatAPluginsListenerShows();
     void noSessionBeginsOnADamagedHistory();
     void aSessionEndsWhenTheDiskRefuses();
     void aSessionEndsWhenTheHistoryIsLocked();
@@ -279,6 +280,26 @@ void TestResults::tellsAGapAfterASessionThatWasKilled()
     QCOMPARE(gaps.constFirst().value(QLatin1String("entry")).toObject().value(QLatin1String("counter")).toString(),
              QStringLiteral("readingNumber"));
     QVERIFY(Listing(workshop, {}).event(QStringLiteral("totals")).value(QLatin1String("gaps")).toInt() > 0);
+}
+
+void TestResults::storesWhatAPluginsListenerShows()
+{
+    Workshop workshop;
+    WorkplaceRun run;
+    run.keepStoreIn(workshop.folder());
+    QVERIFY(run.startOn(workshop.simulator.port(),
+                        {QStringLiteral("run"), c_json, QStringLiteral("--connect"), QStringLiteral("--serial-id"),
+                         QStringLiteral("2210"), QStringLiteral("listenEventsData")}));
+    QVERIFY2(run.waitForEvents(c_results, 3), run.report());
+    run.sendSignal(SIGINT);
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), 0);
+    QStringList shown;
+    const QList<QJsonObject> events = run.events(c_results);
+    for (const QJsonObject& event : events) {
+        shown.append(readingOf(event.value(c_results).toObject()));
+    }
+    QCOMPARE(readingsOf(Listing(workshop, {}).events(c_stored)), shown);
 }
 
 void TestResults::noSessionBeginsOnADamagedHistory()

@@ -5,6 +5,7 @@
 #include "../services/step_name.h"
 #include "number_options.h"
 #include "parameters.h"
+#include "results_report.h"
 
 namespace {
 
@@ -12,6 +13,7 @@ constexpr int c_defaultLimitMs = 30000; // for a command that has no stop comman
 const QString c_driver = QStringLiteral("driver");
 const QString c_serialId = QStringLiteral("serialId");
 const QString c_connectOption = QStringLiteral("connect");
+const QString c_eventData = QStringLiteral("eventData");
 const QString c_listenCommand = QStringLiteral("listenEventsData"); // of a plugin for wrenches
 
 Problem wrongUse(const QString& what, const QString& mend)
@@ -104,7 +106,11 @@ std::optional<Problem> RunCommand::check()
     if (declaresNone && !m_settings.wrench().isEmpty() && !m_values.contains(c_serialId)) {
         m_values.insert(c_serialId, m_settings.wrench());
     }
-    return std::nullopt;
+    if (m_command != c_listenCommand || m_root != m_workplace.rootWith(m_command, Workplace::Role::Device)) {
+        return std::nullopt;
+    }
+    m_recording = std::make_unique<Recording>(m_settings);
+    return m_recording->open(m_settings.wrench(), QLatin1String(m_root->pluginName()));
 }
 
 void RunCommand::begin()
@@ -159,7 +165,15 @@ void RunCommand::execute()
 {
     m_console.progress(QStringLiteral("%1 …").arg(m_command));
     m_run = m_workplace.host().createOrder(*m_workplace.instanceOf(*m_root), m_command, m_values);
-    connect(m_run.get(), &DOrder::sigResultsPublished, this, &RunCommand::show);
+    connect(m_run.get(), &DOrder::sigResultsPublished, this, &RunCommand::take);
+    if (m_recording != nullptr) {
+        connect(&m_recording->recorder(), &ResultRecorder::sigResult, this, [this](const QVariantMap& eventData) {
+            show({{c_eventData, eventData}});
+        });
+        connect(&m_recording->recorder(), &ResultRecorder::sigNote, this,
+                [this](const HistoryRecord& note) { m_console.message(historyNoteText(note)); });
+        connect(&m_recording->recorder(), &ResultRecorder::sigFailed, m_run.get(), &DOrder::stop);
+    }
     connect(m_run.get(), &DOrder::sigFinished, this, &RunCommand::ended);
     m_run->start(m_limitMs > 0 ? m_limitMs : isEndless() ? 0 : c_defaultLimitMs);
 }
@@ -195,6 +209,19 @@ void RunCommand::finish(int exitStatus)
     }
 }
 
+// A tightening result is shown once it is stored.
+void RunCommand::take(const QMap<QString, QVariant>& values)
+{
+    if (m_recording == nullptr || !values.contains(c_eventData)) {
+        show(values);
+        return;
+    }
+    TighteningResult result;
+    result.eventData = values.value(c_eventData).toMap();
+    result.arrival = QDateTime::currentDateTimeUtc();
+    m_recording->recorder().take(result);
+}
+
 void RunCommand::show(const QMap<QString, QVariant>& values)
 {
     if (m_console.isJson()) {
@@ -216,6 +243,9 @@ void RunCommand::show(const QMap<QString, QVariant>& values)
 
 void RunCommand::ended()
 {
+    if (m_recording != nullptr) {
+        m_recording->recorder().flush();
+    }
     const QVariantMap results = m_run->results();
     Problem problem{
         Problem::Kind::Device, QStringLiteral("run"), tr("the command \"%1\" did not succeed").arg(m_command), {}, {}};
@@ -243,6 +273,10 @@ void RunCommand::ended()
         isDone = false;
         problem.kind = Problem::Kind::SetUp;
         problem.cause = m_lineFailure;
+    }
+    if (m_recording != nullptr && m_recording->recorder().failure()) {
+        isDone = false;
+        problem = *m_recording->recorder().failure();
     }
     if (!isDone) {
         m_console.progress({});

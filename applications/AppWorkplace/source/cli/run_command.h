@@ -5,6 +5,7 @@
 
 #include <memory>
 
+#include "../history/recording.h"
 #include "../services/line_end.h"
 #include "../services/session.h"
 #include "command_line.h"
@@ -34,6 +35,7 @@ private:
     bool isEndless() const;
     /// Hangs up, if this command has connected, closes the port and ends.
     void finish(int exitStatus);
+    void take(const QMap<QString, QVariant>& values);
     void show(const QMap<QString, QVariant>& values);
     void ended();
 
@@ -44,6 +46,7 @@ private:
     const bool m_connects;
     const DAbstractPlugin* m_root = nullptr; // the plugin that has the command
     QMap<QString, QVariant> m_values;        // the parameters, read
+    std::unique_ptr<Recording> m_recording;  // null: the command delivers no tightening results
     std::unique_ptr<Session> m_session;      // null: the command does not connect
     std::unique_ptr<LineEnd> m_lineEnd;
     std::unique_ptr<DOrder> m_run;
