@@ -1,5 +1,6 @@
 #include <lib_plugins_management/host/d_plugin_loader.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonObject>
@@ -23,21 +24,21 @@ bool namesItsClass(const QString& interfaceId, const QString& className)
 
 QString DPluginRefusal::message() const
 {
-    return QStringLiteral("the plugin %1 is not used: %2; %3").arg(file, cause, mend);
+    return QCoreApplication::translate("PluginLoader", "the plugin %1 is not used: %2; %3").arg(file, cause, mend);
 }
 
 void DPluginLoader::loadFolder(const QString& folder)
 {
     const QDir dir(folder);
     if (!dir.exists()) {
-        refuse(folder, QStringLiteral("there is no such folder"),
-               QStringLiteral("name the folder that holds the plugins"));
+        refuse(folder, QCoreApplication::translate("PluginLoader", "there is no such folder"),
+               QCoreApplication::translate("PluginLoader", "name the folder that holds the plugins"));
         return;
     }
     const QStringList files = dir.entryList({QStringLiteral("*.so")}, QDir::Files, QDir::Name);
     if (files.isEmpty()) {
-        refuse(folder, QStringLiteral("it holds no library (*.so)"),
-               QStringLiteral("build or install the plugins, or name another folder"));
+        refuse(folder, QCoreApplication::translate("PluginLoader", "it holds no library (*.so)"),
+               QCoreApplication::translate("PluginLoader", "build or install the plugins, or name another folder"));
     }
     for (const QString& file : files) {
         loadFile(dir.filePath(file));
@@ -49,36 +50,44 @@ DAbstractPlugin* DPluginLoader::loadFile(const QString& file)
     const QFileInfo info(file);
     const QString path = info.absoluteFilePath(); // QPluginLoader takes a relative one for something to search
     if (!info.isFile()) {
-        return refuse(path, QStringLiteral("there is no such file"), QStringLiteral("check the name"));
+        return refuse(path, QCoreApplication::translate("PluginLoader", "there is no such file"),
+                      QCoreApplication::translate("PluginLoader", "check the name"));
     }
     if (!info.isReadable()) {
-        return refuse(path, QStringLiteral("it may not be read"),
-                      QStringLiteral("give this user the right to read it"));
+        return refuse(path, QCoreApplication::translate("PluginLoader", "it may not be read"),
+                      QCoreApplication::translate("PluginLoader", "give this user the right to read it"));
     }
     QPluginLoader loader(path);
     // A function that is missing is found now, not when it is called and ends the process.
     loader.setLoadHints(loader.loadHints() | QLibrary::ResolveAllSymbolsHint);
     const QJsonObject metaData = loader.metaData();
     if (metaData.isEmpty()) {
-        return refuse(path, QStringLiteral("it is no Qt plugin (%1)").arg(loader.errorString()),
-                      QStringLiteral("put only plugin libraries for this machine into the folder"));
+        return refuse(
+            path, QCoreApplication::translate("PluginLoader", "it is no Qt plugin (%1)").arg(loader.errorString()),
+            QCoreApplication::translate("PluginLoader", "put only plugin libraries for this machine into the folder"));
     }
     const QString interfaceId = metaData.value(QLatin1String("IID")).toString();
     if (!namesItsClass(interfaceId, metaData.value(QLatin1String("className")).toString())) {
-        return refuse(path, QStringLiteral("its interface id \"%1\" is not one of this host's").arg(interfaceId),
-                      QStringLiteral("use a plugin made for this host"));
+        return refuse(path,
+                      QCoreApplication::translate("PluginLoader", "its interface id \"%1\" is not one of this host's")
+                          .arg(interfaceId),
+                      QCoreApplication::translate("PluginLoader", "use a plugin made for this host"));
     }
     try {
         QObject* instance = loader.instance();
         if (instance == nullptr) {
-            return refuse(path, QStringLiteral("it does not load (%1)").arg(loader.errorString()),
-                          QStringLiteral("build it against this machine's Qt %1 and this host's libraries")
-                              .arg(QLatin1String(qVersion())));
+            return refuse(
+                path, QCoreApplication::translate("PluginLoader", "it does not load (%1)").arg(loader.errorString()),
+                QCoreApplication::translate("PluginLoader",
+                                            "build it against this machine's Qt %1 and this host's libraries")
+                    .arg(QLatin1String(qVersion())));
         }
         auto* root = qobject_cast<DAbstractPlugin*>(instance);
         if (root == nullptr) {
-            return refuse(path, QStringLiteral("its object is not a plugin of this host"),
-                          QStringLiteral("derive it from DAbstractPlugin and build it against this host's libraries"));
+            return refuse(
+                path, QCoreApplication::translate("PluginLoader", "its object is not a plugin of this host"),
+                QCoreApplication::translate(
+                    "PluginLoader", "derive it from DAbstractPlugin and build it against this host's libraries"));
         }
         if (m_roots.contains(root)) {
             return root;
@@ -88,17 +97,20 @@ DAbstractPlugin* DPluginLoader::loadFile(const QString& file)
             root->initPluginCommands();
         }
         if (root->commandNames().isEmpty()) {
-            return refuse(path, QStringLiteral("it declares no command"),
-                          QStringLiteral("let its initPluginCommands() declare at least one"));
+            return refuse(
+                path, QCoreApplication::translate("PluginLoader", "it declares no command"),
+                QCoreApplication::translate("PluginLoader", "let its initPluginCommands() declare at least one"));
         }
         m_roots.append(unusable.release());
         return root;
     } catch (const std::exception& error) {
-        return refuse(path, QStringLiteral("it failed while it was loaded (%1)").arg(QString::fromUtf8(error.what())),
-                      QStringLiteral("ask its maker for a mended one"));
+        return refuse(path,
+                      QCoreApplication::translate("PluginLoader", "it failed while it was loaded (%1)")
+                          .arg(QString::fromUtf8(error.what())),
+                      QCoreApplication::translate("PluginLoader", "ask its maker for a mended one"));
     } catch (...) {
-        return refuse(path, QStringLiteral("it failed while it was loaded"),
-                      QStringLiteral("ask its maker for a mended one"));
+        return refuse(path, QCoreApplication::translate("PluginLoader", "it failed while it was loaded"),
+                      QCoreApplication::translate("PluginLoader", "ask its maker for a mended one"));
     }
 }
 
