@@ -63,6 +63,7 @@ private Q_SLOTS:
     void writesBytesAsTheyAre();
     void hearsBytesAsTheyAre();
     void answersFalseWhenTheOtherEndTakesNothing();
+    void answersEachOfSeveralFramesAskedAtOnce();
     void answersOnlyWhenTheLastByteHasLeft();
     void sendsNothingMoreOfAFrameThatMissedItsLimit();
     void costsNoProcessorTimeAfterAHangUp();
@@ -161,6 +162,15 @@ void TestDriverTerminal::answersFalseWhenTheOtherEndTakesNothing()
 {
     QVERIFY(!write(*m_line, QByteArray(1024 * 1024, 'x'), 200));
     QCOMPARE(m_line->state(), SerialLine::State::Open);
+}
+
+void TestDriverTerminal::answersEachOfSeveralFramesAskedAtOnce()
+{
+    QVector<bool> answers;
+    for (const char* frame : {"ATH\r\n", "ATH\r\n", "DI:C\r\n"}) {
+        m_line->write(frame, 1000, [&answers](bool ok, const QString&) { answers.append(ok); });
+    }
+    QTRY_COMPARE(answers, (QVector<bool>{true, true, true}));
 }
 
 void TestDriverTerminal::answersOnlyWhenTheLastByteHasLeft()

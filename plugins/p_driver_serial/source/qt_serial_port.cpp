@@ -104,6 +104,10 @@ void QtSerialPort::write(const QByteArray& bytes)
 {
     m_port->write(bytes);
     m_port->flush(); // what the system takes now leaves now, not after a turn of the event loop
+    if (m_isTelling && m_port->bytesToWrite() == 0) {
+        // QSerialPort tells nothing from inside its own telling.
+        QMetaObject::invokeMethod(this, &QtSerialPort::onBytesWritten, Qt::QueuedConnection);
+    }
 }
 
 void QtSerialPort::discardOutput()
@@ -126,8 +130,14 @@ void QtSerialPort::onReadyRead()
 
 void QtSerialPort::onBytesWritten()
 {
-    if (m_observer != nullptr && m_port->bytesToWrite() == 0) {
-        m_observer->bytesLeft();
+    if (m_observer == nullptr || !m_port->isOpen() || m_port->bytesToWrite() > 0) {
+        return;
+    }
+    const QPointer<QtSerialPort> self(this); // the observer may let us go
+    m_isTelling = true;
+    m_observer->bytesLeft();
+    if (!self.isNull()) {
+        m_isTelling = false;
     }
 }
 

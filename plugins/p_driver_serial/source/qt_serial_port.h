@@ -35,5 +35,6 @@ private:
     const QScopedPointer<QSerialPort, QScopedPointerDeleteLater> m_port;
     QString m_name;            // as configured
     bool m_isGivingUp = false; // an error was reported, the port is going to be closed from the event loop
+    bool m_isTelling = false;  // the observer is being told that bytes have left
     quint64 m_opening = 0;     // counts, so that a late giveUp() does not close the next one
 };
