@@ -5,6 +5,8 @@ Usage: output_schema_test.py PROGRAM SCHEMA
 
 import copy
 import json
+import os
+import signal
 import subprocess
 import sys
 import tempfile
@@ -57,6 +59,32 @@ def run(arguments):
 OPTIONAL = {"summary": {"progId"}, "scan": {"serialId"}, "totals": {"file"}}
 
 
+def troubled_session():
+    """A session whose serial number two wrenches have, and that loses its link: what it writes, line by line."""
+    simulator_program = os.path.join(os.path.dirname(PROGRAM), "wrench_simulator")
+    with tempfile.TemporaryDirectory() as folder:
+        port = os.path.join(folder, "port")
+        arguments = ["--console", "--link", port, "--link-delay", "0", "--answer-delay", "0", "--rate", "20"]
+        for address in ["AA:00:00:00:00:01", "AA:00:00:00:00:02"]:
+            arguments += ["--wrench", f"2210,mac={address}"]
+        with subprocess.Popen([simulator_program, *arguments], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                              text=True) as simulator:
+            simulator.stdout.readline()  # "ready"
+            lines = []
+            with subprocess.Popen([PROGRAM, "--json", "session", "--port", port, "--serial-id", "2210", "--data",
+                                   folder], stdout=subprocess.PIPE, text=True) as session:
+                for line in session.stdout:
+                    written = json.loads(line)
+                    lines.append(written)
+                    if written["event"] == "result" and len([each for each in lines if each["event"] == "result"]) == 1:
+                        simulator.stdin.write("unplug\nfault err:4@1\nreplug\n")
+                        simulator.stdin.flush()
+                    if written["event"] == "link" and written["state"] == "restored":
+                        session.send_signal(signal.SIGINT)
+            simulator.stdin.close()
+            return session.returncode, lines
+
+
 class OutputTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
@@ -64,6 +92,7 @@ class OutputTest(unittest.TestCase):
         for arguments, status in RUNS:
             done = run(arguments)
             cls.runs.append((arguments, status, done))
+        cls.troubled_status, cls.troubled = troubled_session()
         cls.objects = [json.loads(line) for _, _, done in cls.runs for line in done.stdout.splitlines()]
 
     def test_schema_is_one(self):
@@ -80,8 +109,16 @@ class OutputTest(unittest.TestCase):
                 with self.subTest(arguments=arguments, line=line):
                     VALIDATOR.validate(json.loads(line))
 
+    def test_a_troubled_session_obeys(self):
+        self.assertEqual(self.troubled_status, 0)
+        for written in self.troubled:
+            with self.subTest(written=written):
+                VALIDATOR.validate(written)
+        states = [each["state"] for each in self.troubled if each["event"] == "link"]
+        self.assertEqual(states, ["open", "lost", "restoring", "waiting", "restoring", "restored"])
+
     def test_every_event_is_seen(self):
-        seen = {each["event"] for each in self.objects}
+        seen = {each["event"] for each in self.objects + self.troubled}
         optional = {"port", "gap", "repeat"}  # a machine may have no port, and a good day no gap
         self.assertEqual(seen | optional, set(EVENTS))
 

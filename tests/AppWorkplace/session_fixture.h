@@ -14,11 +14,12 @@
 class SessionFixture
 {
 public:
-    explicit SessionFixture(const SessionOrder& order = defaultOrder())
+    /// port: the file of the line; empty: it has none.
+    explicit SessionFixture(const SessionOrder& order = defaultOrder(), const QString& port = {})
         : host(clock)
         , device(make(QStringLiteral("device"), deviceReactions()))
         , driver(make(QStringLiteral("driver"), driverReactions()))
-        , session(std::make_unique<Session>(LinkedDevice{host, clock, *device, *driver}, order))
+        , session(std::make_unique<Session>(LinkedDevice{host, clock, *device, *driver, port}, order))
     {
         driver->setReaction(QStringLiteral("listenEventsData"), {Reaction::Kind::Silence, {}, [this] { openLine(); }});
         QObject::connect(session.get(), &Session::sigStepDone, session.get(),
@@ -32,11 +33,10 @@ public:
                 QStringLiteral("result %1").arg(result.eventData.value(QStringLiteral("readingNumber")).toString()));
             shown.append(result);
         });
-        QObject::connect(session.get(), &Session::sigLink, session.get(),
-                         [this](bool isConnected, const QString& state, const QString& message) {
-                             const QString word = isConnected ? QStringLiteral("up") : QStringLiteral("down");
-                             events.append(QStringLiteral("link %1 %2 %3").arg(word, state, message).trimmed());
-                         });
+        QObject::connect(session.get(), &Session::sigLink, session.get(), [this](const LinkReport& report) {
+            links.append(report);
+            events.append(lineOf(report));
+        });
         QObject::connect(session.get(), &Session::sigFailed, session.get(), [this](const Problem& told) {
             problem = told;
             ++problems;
@@ -52,6 +52,7 @@ public:
         SessionOrder order;
         order.serialId = QStringLiteral("2210");
         order.program = 2;
+        order.pauseSeed = 1;
         return order;
     }
 
@@ -77,6 +78,10 @@ public:
     }
 
     void openLine() { setLine(QString(), QStringLiteral("open"), true); }
+    void silenceLine()
+    {
+        setLine(QStringLiteral("The device has left the keep-alive unanswered."), QStringLiteral("no answer"), false);
+    }
     void loseLine() { setLine(QStringLiteral("The port went away: plug it in."), QStringLiteral("lost"), false); }
     /// In the order in which the driver tells.
     void setLine(const QString& error, const QString& state, bool isConnected)
@@ -117,6 +122,7 @@ public:
     std::unique_ptr<Session> session;
 
     QStringList events;
+    QList<LinkReport> links;
     QList<TighteningResult> shown;
     Problem problem;
     SessionSummary summary;
@@ -124,6 +130,22 @@ public:
     int ends = 0;
 
 private:
+    static QString lineOf(const LinkReport& report)
+    {
+        switch (report.kind) {
+        case LinkReport::Kind::Opened:
+            return QStringLiteral("link up %1").arg(report.state);
+        case LinkReport::Kind::Lost:
+            return QStringLiteral("link down %1 %2").arg(report.state, report.message);
+        case LinkReport::Kind::Waiting:
+            return QStringLiteral("link attempt %1 later: %2").arg(report.attempt).arg(report.message);
+        case LinkReport::Kind::Restoring:
+            return QStringLiteral("link attempt %1").arg(report.attempt);
+        case LinkReport::Kind::Restored:
+            return QStringLiteral("link restored %1").arg(report.gapMs);
+        }
+        return {};
+    }
     static QMap<QString, Reaction> deviceReactions()
     {
         const QMap<QString, QVariant> success{{QStringLiteral("cmd_success"), true}};

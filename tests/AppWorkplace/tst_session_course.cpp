@@ -40,7 +40,6 @@ private Q_SLOTS:
     void tellsTheProgramOfTheListening();
     void tellsNoProgramThatWasRefused();
     void tellsHowLongItTook();
-    void goesOnListeningWhenTheLineIsLost();
     void tellsNothingOfALineThatIsClosedOnPurpose();
     void endsOrderlyWhileListening();
     void endsOnce();
@@ -243,20 +242,6 @@ void TestSessionCourse::tellsHowLongItTook()
     fixture.session->interrupt();
     fixture.turn();
     QCOMPARE(fixture.summary.elapsedMs, 1500);
-}
-
-void TestSessionCourse::goesOnListeningWhenTheLineIsLost()
-{
-    SessionFixture fixture;
-    fixture.start();
-    fixture.loseLine();
-    fixture.advance(60000);
-    fixture.openLine();
-    fixture.tighten(1);
-    QCOMPARE(fixture.problems, 0);
-    QCOMPARE(fixture.events.mid(fixture.events.size() - 3),
-             (QStringList{QStringLiteral("link down lost The port went away: plug it in."),
-                          QStringLiteral("link up open"), QStringLiteral("result 1")}));
 }
 
 void TestSessionCourse::tellsNothingOfALineThatIsClosedOnPurpose()

@@ -55,6 +55,55 @@ SessionSummary summaryOf(int good, int notGood, int program)
     return summary;
 }
 
+QVariantList namesakes()
+{
+    QVariantMap other = wrench(QStringLiteral("2210"));
+    other.insert(QStringLiteral("mac"), QStringLiteral("AA:02"));
+    other.insert(QStringLiteral("rssi"), QStringLiteral("-71"));
+    return {wrench(QStringLiteral("2210")), other};
+}
+
+LinkReport opened()
+{
+    LinkReport report;
+    report.state = QStringLiteral("open");
+    return report;
+}
+
+LinkReport reportOf(LinkReport::Kind kind, const QString& message)
+{
+    LinkReport report;
+    report.kind = kind;
+    report.cause = LinkReport::Cause::Port;
+    report.message = message;
+    return report;
+}
+
+LinkReport lost(const QString& message)
+{
+    LinkReport report = reportOf(LinkReport::Kind::Lost, message);
+    report.state = QStringLiteral("lost");
+    return report;
+}
+
+LinkReport waiting()
+{
+    LinkReport report = reportOf(LinkReport::Kind::Waiting, QStringLiteral("it is not there"));
+    report.cause = LinkReport::Cause::Range;
+    report.attempt = 3;
+    report.pauseMs = 740;
+    return report;
+}
+
+LinkReport restored()
+{
+    LinkReport report = reportOf(LinkReport::Kind::Restored, QString());
+    report.cause = LinkReport::Cause::Silence;
+    report.attempt = 3;
+    report.gapMs = 4321;
+    return report;
+}
+
 /// A report that writes into a file.
 template <class Report>
 class Written
@@ -125,6 +174,10 @@ private Q_SLOTS:
     void showsControlCharactersOfTheWrench();
     void tellsALostLineAndItsReturn();
     void tellsNothingOfTheFirstOpening();
+    void tellsAnAttemptToCome();
+    void tellsHowLongALinkWasAway();
+    void tellsOfNamesakes();
+    void tellsOfNamesakesOfWhichNoneIsKnownToBeTaken();
     void sumsUp_data();
     void sumsUp();
     void saysThatTheProgramWasNotSelected();
@@ -137,6 +190,9 @@ private Q_SLOTS:
     void writesTheSelection();
     void writesAResultUnchanged();
     void writesTheLink();
+    void writesAnAttemptToCome();
+    void writesARestoredLink();
+    void writesNamesakes();
     void writesTheSummary();
     void writesNoProgramThatIsNotKnown();
     void forgetsWhatAFailedStepHasFound();
@@ -228,7 +284,7 @@ void TestSessionReports::showsControlCharactersOfTheWrench()
     WrittenText text;
     text.report.result({{QStringLiteral("convertedTorque"), QStringLiteral("\x1b[2J")}});
     text.report.wrenchesHeard({wrench(QStringLiteral("\x1b[2J"))});
-    text.report.link(false, QStringLiteral("lost"), QStringLiteral("\x1b[2J"));
+    text.report.link(lost(QStringLiteral("\x1b[2J")));
     QCOMPARE(text.lines().join(QString()).count(QStringLiteral("\\x1b[2J")), 3);
     QVERIFY(!text.lines().join(QString()).contains(QChar(0x1b)));
 }
@@ -236,8 +292,8 @@ void TestSessionReports::showsControlCharactersOfTheWrench()
 void TestSessionReports::tellsALostLineAndItsReturn()
 {
     WrittenText text;
-    text.report.link(false, QStringLiteral("lost"), QStringLiteral("The port went away."));
-    text.report.link(true, QStringLiteral("open"), QString());
+    text.report.link(lost(QStringLiteral("The port went away.")));
+    text.report.link(opened());
     QCOMPARE(text.lines(), (QStringList{QStringLiteral("  link       lost: The port went away."),
                                         QStringLiteral("  link       the line is open again")}));
 }
@@ -245,8 +301,39 @@ void TestSessionReports::tellsALostLineAndItsReturn()
 void TestSessionReports::tellsNothingOfTheFirstOpening()
 {
     WrittenText text;
-    text.report.link(true, QStringLiteral("open"), QString());
+    text.report.link(opened());
     QCOMPARE(text.lines(), QStringList());
+}
+
+void TestSessionReports::tellsAnAttemptToCome()
+{
+    WrittenText text;
+    text.report.link(waiting());
+    QCOMPARE(text.lines(), QStringList{QStringLiteral("  link       attempt 3 in 0.7 s; it is not there")});
+}
+
+void TestSessionReports::tellsHowLongALinkWasAway()
+{
+    WrittenText text;
+    text.report.link(restored());
+    QCOMPARE(text.lines(), QStringList{QStringLiteral("  link       restored after 4.32 s (attempt 3)")});
+}
+
+void TestSessionReports::tellsOfNamesakes()
+{
+    WrittenText text;
+    text.report.namesakes(namesakes(), QStringLiteral("AA:02"));
+    QCOMPARE(text.lines(),
+             QStringList{QStringLiteral("  warning    2 wrenches answer to the serial number 2210: AA:01 (-58 dBm), "
+                                        "AA:02 (-71 dBm); AA:02 was taken: switch the others off, or give each a "
+                                        "number of its own")});
+}
+
+void TestSessionReports::tellsOfNamesakesOfWhichNoneIsKnownToBeTaken()
+{
+    WrittenText text;
+    text.report.namesakes(namesakes(), QString());
+    QVERIFY(text.lines().constFirst().contains(QStringLiteral("; which one has the link is not known: ")));
 }
 
 void TestSessionReports::sumsUp_data()
@@ -355,12 +442,51 @@ void TestSessionReports::writesAResultUnchanged()
 void TestSessionReports::writesTheLink()
 {
     WrittenJson json;
-    json.report.link(false, QStringLiteral("lost"), QStringLiteral("The port went away."));
+    json.report.link(lost(QStringLiteral("The port went away.")));
     QCOMPARE(json.object(), (QJsonObject{{QStringLiteral("event"), QStringLiteral("link")},
                                          {QStringLiteral("serialId"), QStringLiteral("2210")},
                                          {QStringLiteral("connected"), false},
                                          {QStringLiteral("state"), QStringLiteral("lost")},
+                                         {QStringLiteral("cause"), QStringLiteral("port")},
                                          {QStringLiteral("message"), QStringLiteral("The port went away.")}}));
+}
+
+void TestSessionReports::writesAnAttemptToCome()
+{
+    WrittenJson json;
+    json.report.link(waiting());
+    QCOMPARE(json.object(), (QJsonObject{{QStringLiteral("event"), QStringLiteral("link")},
+                                         {QStringLiteral("serialId"), QStringLiteral("2210")},
+                                         {QStringLiteral("connected"), false},
+                                         {QStringLiteral("state"), QStringLiteral("waiting")},
+                                         {QStringLiteral("cause"), QStringLiteral("range")},
+                                         {QStringLiteral("attempt"), 3},
+                                         {QStringLiteral("pauseMs"), 740},
+                                         {QStringLiteral("message"), QStringLiteral("it is not there")}}));
+}
+
+void TestSessionReports::writesARestoredLink()
+{
+    WrittenJson json;
+    json.report.link(restored());
+    QCOMPARE(json.object(), (QJsonObject{{QStringLiteral("event"), QStringLiteral("link")},
+                                         {QStringLiteral("serialId"), QStringLiteral("2210")},
+                                         {QStringLiteral("connected"), true},
+                                         {QStringLiteral("state"), QStringLiteral("restored")},
+                                         {QStringLiteral("cause"), QStringLiteral("silence")},
+                                         {QStringLiteral("attempt"), 3},
+                                         {QStringLiteral("gapMs"), 4321},
+                                         {QStringLiteral("message"), QString()}}));
+}
+
+void TestSessionReports::writesNamesakes()
+{
+    WrittenJson json;
+    json.report.namesakes(namesakes(), QStringLiteral("AA:02"));
+    QCOMPARE(json.object(), (QJsonObject{{QStringLiteral("event"), QStringLiteral("namesakes")},
+                                         {QStringLiteral("serialId"), QStringLiteral("2210")},
+                                         {QStringLiteral("wrenches"), QJsonArray::fromVariantList(namesakes())},
+                                         {QStringLiteral("taken"), QStringLiteral("AA:02")}}));
 }
 
 void TestSessionReports::writesTheSummary()

@@ -171,6 +171,7 @@ void TestSessionResults::tellsTheFirstAfterAReconnection()
     fixture.tighten(1);
     fixture.loseLine();
     fixture.openLine();
+    fixture.advance(0);
     fixture.tighten(2);
     fixture.tighten(3);
     QVector<bool> told;

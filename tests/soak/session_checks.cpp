@@ -47,11 +47,17 @@ int heardUntil(const LineRecord& record, const SessionWatch& watch)
     if (watch.ended) {
         return watch.ended->entries;
     }
-    // While it listens nobody else hangs up; a line that is away at the end takes no frame, and brings no lines.
-    const auto end = std::find_if(
-        record.entries.cbegin() + watch.listening->entries, record.entries.cend(),
-        [](const LineRecord::Entry& entry) { return entry.kind == Kind::Sent && entry.bytes == c_hangUp; });
-    return static_cast<int>(end - record.entries.cbegin());
+    // A link that is restored is hung up on the way, too: the end is behind the last other frame. There are two when it
+    // ends in the middle of a search. A line that is away at the end takes no frame, and brings no lines.
+    int end = record.entries.size();
+    for (int i = end; i > watch.listening->entries; --i) {
+        const LineRecord::Entry& entry = record.entries.at(i - 1);
+        if (entry.kind == Kind::Sent && entry.bytes != c_hangUp) {
+            break;
+        }
+        end = entry.kind == Kind::Sent ? i - 1 : end;
+    }
+    return end;
 }
 
 /// The seven fields of a result line as texts; fewer: it is none. What is behind them does not count.

@@ -2,8 +2,6 @@
 
 #include <QJsonArray>
 
-#include <csignal>
-
 #include "simulator_run.h"
 #include "workplace_run.h"
 
@@ -50,7 +48,6 @@ private Q_SLOTS:
     void takesTheSameResultsOverADisturbedLine();
     void losesNoResultAtFiftyASecond();
     void goesOnWhenTheLinkWasLostWhileListening();
-    void goesOnWhenTheWrenchWasOutOfRangeWhileListening();
 };
 
 void TestSessionDisturbed::takesTheSameResultsOverADisturbedLine_data()
@@ -125,32 +122,6 @@ void TestSessionDisturbed::goesOnWhenTheLinkWasLostWhileListening()
     for (int i = 0; i < records.size(); ++i) {
         QCOMPARE(readingOf(records.at(i)), i + 1);
     }
-}
-
-void TestSessionDisturbed::goesOnWhenTheWrenchWasOutOfRangeWhileListening()
-{
-    SimulatorRun simulator;
-    WorkplaceRun session;
-    QVERIFY2(simulator.start(tightening()), simulator.report());
-    QVERIFY(session.startSession(
-        simulator, {QStringLiteral("--config"), QStringLiteral(CONFIGURATIONS "/keep_alive_often.json")}));
-    QVERIFY2(session.waitForEvents(QStringLiteral("result"), 1), session.report());
-    QCOMPARE(simulator.say(QStringLiteral("range 2210 off")), QStringLiteral("ok wrench 2210 range off"));
-    // Three keep-alive frames go unanswered.
-    QVERIFY2(session.waitForEvents(QStringLiteral("link"), 2), session.report());
-    const QJsonObject gone = session.events(QStringLiteral("link")).at(1);
-    QCOMPARE(gone.value(QLatin1String("connected")).toBool(), false);
-    QVERIFY2(gone.value(QLatin1String("message")).toString().contains(QLatin1String("in range")), session.report());
-
-    const int results = session.events(QStringLiteral("result")).size();
-    QCOMPARE(simulator.say(QStringLiteral("range 2210 on")), QStringLiteral("ok wrench 2210 range on"));
-    QVERIFY2(session.waitForEvents(QStringLiteral("link"), 3), session.report());
-    QCOMPARE(session.events(QStringLiteral("link")).at(2).value(QLatin1String("connected")).toBool(), true);
-    QVERIFY2(session.waitForEvents(QStringLiteral("result"), results + 1), session.report());
-    session.sendSignal(SIGINT);
-    QVERIFY2(session.waitForEnd(), session.report());
-    QCOMPARE(session.exitStatus(), 0);
-    QCOMPARE(disorderAfter(session, simulator), QString());
 }
 
 QTEST_GUILESS_MAIN(TestSessionDisturbed)

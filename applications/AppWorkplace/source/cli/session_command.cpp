@@ -1,12 +1,22 @@
 #include "session_command.h"
 
+#include <QCoreApplication>
+
 #include "number_options.h"
 #include "session_json_report.h"
 #include "session_text_report.h"
 
 namespace {
 
+constexpr int c_millisecondsPerSecond = 1000;
 const QString c_listenCommand = QStringLiteral("listenEventsData");
+const QString c_noReconnect = QStringLiteral("no-reconnect");
+const QString c_reconnectLimit = QStringLiteral("reconnect-limit");
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("SessionCommand", text);
+}
 
 std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
 {
@@ -35,6 +45,15 @@ std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
     }
     order.results = wholeNumberOption(options, QStringLiteral("count"), 1, problem);
     order.durationMs = secondsOption(options, QStringLiteral("duration"), 1, problem);
+    order.reconnects = !options.isSet(c_noReconnect);
+    order.reconnectLimitMs = secondsOption(options, c_reconnectLimit, 0, problem);
+    if (!order.reconnects && options.isSet(c_reconnectLimit)) {
+        *problem = {Problem::Kind::Usage,
+                    QStringLiteral("command line"),
+                    tr("--%1 and --%2 do not go together").arg(c_noReconnect, c_reconnectLimit),
+                    {},
+                    QStringLiteral("see app_workplace session --help")};
+    }
     order.stepLimitMs = secondsOption(options, QStringLiteral("limit"), 1, problem);
     return std::make_unique<SessionCommand>(context, order);
 }
@@ -59,6 +78,11 @@ CliEntry SessionCommand::entry()
              {QStringLiteral("count"), QStringLiteral("Ends after so many results."), QStringLiteral("N")},
              {QStringLiteral("duration"), QStringLiteral("Ends after listening so long."), QStringLiteral("SECONDS")},
              {QStringLiteral("limit"), QStringLiteral("Time limit of each step, instead of its own."),
+              QStringLiteral("SECONDS")},
+             {c_noReconnect, tr("Ends when the link to the wrench is lost, instead of restoring it.")},
+             {c_reconnectLimit,
+              tr("Ends when the link was away so long (%1 when not said, or 0).")
+                  .arg(Supervisor::c_defaultLimitMs / c_millisecondsPerSecond),
               QStringLiteral("SECONDS")}},
             &make,
             true};
@@ -126,13 +150,12 @@ std::optional<Problem> SessionCommand::openHistory()
 
 void SessionCommand::begin()
 {
-    m_session = std::make_unique<Session>(
-        LinkedDevice{m_workplace.host(), m_workplace.clock(), *m_workplace.instanceOf(*m_device), m_workplace.driver()},
-        m_order);
+    m_session = std::make_unique<Session>(LinkedDevice{m_workplace.host(), m_workplace.clock(),
+                                                       *m_workplace.instanceOf(*m_device), m_workplace.driver(),
+                                                       m_workplace.portInUse()},
+                                          m_order);
     Session* session = m_session.get();
-    m_service = std::make_unique<SessionService>(*session, LinkedDevice{m_workplace.host(), m_workplace.clock(),
-                                                                        *m_workplace.instanceOf(*m_device),
-                                                                        m_workplace.driver()});
+    m_service = std::make_unique<SessionService>(*session);
     m_report->opened(m_workplace.portInUse(), m_settings.isSimulated());
     connect(session, &Session::sigStepStarted, this, [this](Session::Step step) {
         m_hasListened = step == Session::Step::Listen;
@@ -149,8 +172,12 @@ void SessionCommand::begin()
             [this](const QVariantList& programs) { m_report->programs(programs); });
     connect(session, &Session::sigSelected, this,
             [this](int program, const QVariantMap& preset) { m_report->selected(program, preset); });
-    connect(session, &Session::sigLink, this, [this](bool isConnected, const QString& state, const QString& message) {
-        m_report->link(isConnected, state, message);
+    connect(session, &Session::sigNamesakes, this,
+            [this](const QVariantList& wrenches, const QString& taken) { m_report->namesakes(wrenches, taken); });
+    connect(session, &Session::sigLink, this, [this](const LinkReport& report) {
+        m_recorder->forgetChunk(); // likewise
+        m_report->link(report);
+        interruptWhenUnread();
     });
     connect(session, &Session::sigFailed, this, [this](const Problem& problem) {
         m_hasFailed = true;

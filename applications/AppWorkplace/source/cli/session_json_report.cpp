@@ -25,6 +25,39 @@ QString nameOf(SessionSummary::End end)
     return {};
 }
 
+QString nameOf(LinkReport::Cause cause)
+{
+    switch (cause) {
+    case LinkReport::Cause::None:
+        return {};
+    case LinkReport::Cause::Port:
+        return QStringLiteral("port");
+    case LinkReport::Cause::Link:
+        return QStringLiteral("link");
+    case LinkReport::Cause::Range:
+        return QStringLiteral("range");
+    case LinkReport::Cause::Silence:
+        return QStringLiteral("silence");
+    }
+    return {};
+}
+
+QString stateOf(const LinkReport& report)
+{
+    switch (report.kind) {
+    case LinkReport::Kind::Opened:
+    case LinkReport::Kind::Lost:
+        return report.state;
+    case LinkReport::Kind::Waiting:
+        return QStringLiteral("waiting");
+    case LinkReport::Kind::Restoring:
+        return QStringLiteral("restoring");
+    case LinkReport::Kind::Restored:
+        return QStringLiteral("restored");
+    }
+    return {};
+}
+
 } // namespace
 
 SessionJsonReport::SessionJsonReport(Console& console, const QString& serialId)
@@ -78,11 +111,32 @@ void SessionJsonReport::note(const HistoryRecord& note)
     write(history_format::nameOf(note.kind), {{QStringLiteral("entry"), history_format::toJson(note)}});
 }
 
-void SessionJsonReport::link(bool isConnected, const QString& state, const QString& message)
+void SessionJsonReport::namesakes(const QVariantList& wrenches, const QString& taken)
 {
-    write(QStringLiteral("link"), {{QStringLiteral("connected"), isConnected},
-                                   {QStringLiteral("state"), state},
-                                   {QStringLiteral("message"), message}});
+    write(QStringLiteral("namesakes"),
+          {{QStringLiteral("wrenches"), QJsonArray::fromVariantList(wrenches)}, {QStringLiteral("taken"), taken}});
+}
+
+void SessionJsonReport::link(const LinkReport& report)
+{
+    using Kind = LinkReport::Kind;
+    const bool isConnected = report.kind == Kind::Opened || report.kind == Kind::Restored;
+    QJsonObject fields{{QStringLiteral("connected"), isConnected},
+                       {QStringLiteral("state"), stateOf(report)},
+                       {QStringLiteral("message"), report.message}};
+    if (report.kind != Kind::Opened) {
+        fields.insert(QStringLiteral("cause"), nameOf(report.cause));
+    }
+    if (report.attempt > 0) {
+        fields.insert(QStringLiteral("attempt"), report.attempt);
+    }
+    if (report.kind == Kind::Waiting) {
+        fields.insert(QStringLiteral("pauseMs"), report.pauseMs);
+    }
+    if (report.kind == Kind::Restored) {
+        fields.insert(QStringLiteral("gapMs"), report.gapMs);
+    }
+    write(QStringLiteral("link"), fields);
 }
 
 void SessionJsonReport::failed()

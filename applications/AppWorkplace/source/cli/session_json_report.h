@@ -16,7 +16,8 @@ public:
     void selected(int program, const QVariantMap& preset) override;
     void result(const QVariantMap& eventData) override;
     void note(const HistoryRecord& note) override;
-    void link(bool isConnected, const QString& state, const QString& message) override;
+    void namesakes(const QVariantList& wrenches, const QString& taken) override;
+    void link(const LinkReport& report) override;
     void failed() override;
     void summary(const SessionSummary& summary) override;
 

@@ -21,7 +21,9 @@ public:
     virtual void result(const QVariantMap& eventData) = 0;
     /// A gap or a repeat.
     virtual void note(const HistoryRecord& note) = 0;
-    virtual void link(bool isConnected, const QString& state, const QString& message) = 0;
+    /// As Session::sigNamesakes().
+    virtual void namesakes(const QVariantList& wrenches, const QString& taken) = 0;
+    virtual void link(const LinkReport& report) = 0;
     /// The problem itself is told beside the report.
     virtual void failed() = 0;
     virtual void summary(const SessionSummary& summary) = 0;

@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 
+#include <utility>
+
 #include "../services/verdict.h"
 #include "results_report.h"
 
@@ -79,10 +81,10 @@ void SessionTextReport::wrenchesHeard(const QVariantList& wrenches)
     for (const QVariant& wrench : wrenches) {
         const QVariantMap fields = wrench.toMap();
         const QString serialId = text(fields, "sn");
-        if (!m_heard.contains(serialId)) { // a wandering signal strength is no news
-            m_heard.append(serialId);
-            step(QString(),
-                 QStringLiteral("heard %1 (%2, %3 dBm)").arg(serialId, text(fields, "mac"), text(fields, "rssi")));
+        const QString address = text(fields, "mac");
+        if (!m_heard.contains({serialId, address})) { // a wandering signal strength is no news
+            m_heard.append({serialId, address});
+            step(QString(), QStringLiteral("heard %1 (%2, %3 dBm)").arg(serialId, address, text(fields, "rssi")));
         }
     }
 }
@@ -134,17 +136,45 @@ void SessionTextReport::note(const HistoryRecord& note)
     m_console.line(m_console.alarming(stepLine(QStringLiteral("history"), historyNoteText(note))));
 }
 
-void SessionTextReport::link(bool isConnected, const QString& state, const QString& message)
+void SessionTextReport::namesakes(const QVariantList& wrenches, const QString& taken)
 {
-    if (!isConnected) {
-        m_isLineInTrouble = true;
-        if (m_console.isQuiet()) {
-            m_console.message(stepLine(QStringLiteral("link"), QStringLiteral("%1: %2").arg(state, message)).trimmed());
+    QStringList named;
+    for (const QVariant& wrench : wrenches) {
+        const QVariantMap fields = wrench.toMap();
+        named.append(tr("%1 (%2 dBm)").arg(text(fields, "mac"), text(fields, "rssi")));
+    }
+    const QString who = taken.isEmpty() ? tr("which one has the link is not known") : tr("%1 was taken").arg(taken);
+    alarm(tr("warning"), tr("%1 wrenches answer to the serial number %2: %3; %4: switch the others off, or give each a "
+                            "number of its own")
+                             .arg(wrenches.size())
+                             .arg(m_serialId, named.join(QStringLiteral(", ")), who));
+}
+
+void SessionTextReport::link(const LinkReport& report)
+{
+    const QString name = tr("link");
+    const double pauseSeconds = report.pauseMs / c_millisecondsPerSecond;
+    m_console.progress({});
+    switch (report.kind) {
+    case LinkReport::Kind::Opened:
+        if (std::exchange(m_isLineInTrouble, false)) { // the first time it is a step of its own
+            step(name, tr("the line is open again"));
         }
-        step(QStringLiteral("link"), QStringLiteral("%1: %2").arg(state, message));
-    } else if (m_isLineInTrouble) { // the first time it is a step of its own
+        break;
+    case LinkReport::Kind::Lost:
+        m_isLineInTrouble = true;
+        alarm(name, tr("%1: %2").arg(report.state, report.message));
+        break;
+    case LinkReport::Kind::Waiting:
+        step(name, tr("attempt %1 in %2 s; %3").arg(report.attempt).arg(pauseSeconds, 0, 'f', 1).arg(report.message));
+        break;
+    case LinkReport::Kind::Restoring:
+        m_console.progress(stepLine(name, tr("attempt %1 …").arg(report.attempt)));
+        break;
+    case LinkReport::Kind::Restored:
         m_isLineInTrouble = false;
-        step(QStringLiteral("link"), QStringLiteral("the line is open again"));
+        step(name, tr("restored after %1 (attempt %2)").arg(seconds(report.gapMs)).arg(report.attempt));
+        break;
     }
 }
 
@@ -175,6 +205,15 @@ void SessionTextReport::summary(const SessionSummary& summary)
 void SessionTextReport::step(const QString& name, const QString& text)
 {
     m_console.detail(stepLine(name, text));
+}
+
+void SessionTextReport::alarm(const QString& name, const QString& text)
+{
+    if (m_console.isQuiet()) {
+        m_console.message(stepLine(name, text).trimmed());
+    } else {
+        m_console.line(m_console.alarming(stepLine(name, text)));
+    }
 }
 
 QString SessionTextReport::stepLine(const QString& name, const QString& text)

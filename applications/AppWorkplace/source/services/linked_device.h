@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 class Clock;
 class DAbstractPlugin;
 class DHost;
@@ -11,4 +13,5 @@ struct LinkedDevice
     Clock& clock;
     DAbstractPlugin& device;
     DAbstractPlugin& driver;
+    QString port = {}; ///< the file of the line; empty: not known
 };

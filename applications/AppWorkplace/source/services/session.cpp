@@ -11,13 +11,8 @@
 namespace {
 
 constexpr int c_lostLimitMs = 500; // a loose contact is not a lost line, and who knows more of it tells first
-constexpr int c_millisecondsPerSecond = 1000;
 constexpr qint64 c_microsecondsPerMillisecond = 1000;
 
-const QString c_keepAliveFrame = QStringLiteral("DI:C\r\n");
-const QString c_keepAliveAnswer = QStringLiteral("OK:");
-
-const QString c_success = QStringLiteral("cmd_success");
 const QString c_progId = QStringLiteral("progId");
 const QString c_presetData = QStringLiteral("presetData");
 const QString c_eventData = QStringLiteral("eventData");
@@ -34,19 +29,18 @@ constexpr char c_lineError[] = "lineError";
 } // namespace
 
 Session::Session(const LinkedDevice& wrench, const SessionOrder& order, QObject* parent)
-    : QObject(parent), m_wrench(wrench), m_order(order), m_lineEnd(wrench)
+    : QObject(parent)
+    , m_wrench(wrench)
+    , m_order(order)
+    , m_setUp(wrench, order, m_observer)
+    , m_supervisor(wrench, order, m_setUp, m_observer)
+    , m_lineEnd(wrench)
 {
     connect(&m_lineEnd, &LineEnd::sigClosed, this, &Session::finish);
-    connect(&m_observer, &LineObserver::sigWrenchHeard, this,
-            [this](const QString& address, const QString& serialId, const QString& signalStrength) {
-                if (m_heard.add(address, serialId, signalStrength)) {
-                    Q_EMIT sigWrenchesHeard(m_heard.strongestFirst());
-                }
-            });
     connect(&m_observer, &LineObserver::sigLineHeard, this,
             [this](const QByteArray& line, int chunk) { m_observed.add(line, chunk); });
     connect(&m_observer, &LineObserver::sigChunkHeard, this, [this](int chunk) {
-        if (m_step == Step::Listen && !m_isEnding) {
+        if (m_step == Step::Listen && !m_isRestoring && !m_isEnding) {
             Q_EMIT sigChunk(chunk);
         }
     });
@@ -56,6 +50,48 @@ Session::Session(const LinkedDevice& wrench, const SessionOrder& order, QObject*
                     driverChanged(name);
                 }
             });
+    connectSetUp();
+    connect(&m_supervisor, &Supervisor::sigGaveUp, this, &Session::fail);
+    connect(&m_supervisor, &Supervisor::sigLink, this, [this](const LinkReport& report) {
+        // Whatever comes from now on comes over a new link.
+        m_isReconnected = m_isReconnected || report.kind == LinkReport::Kind::Restoring;
+        m_isRestoring = report.kind != LinkReport::Kind::Restored;
+        Q_EMIT sigLink(report);
+    });
+}
+
+/// The steps are told the first time; what the supervisor does with them it tells itself.
+void Session::connectSetUp()
+{
+    const auto isFirst = [this] { return m_step != Step::Listen; };
+    connect(&m_setUp, &SetUp::sigWrenchesHeard, this, &Session::sigWrenchesHeard);
+    connect(&m_setUp, &SetUp::sigNamesakes, this, &Session::sigNamesakes);
+    connect(&m_setUp, &SetUp::sigProgramsRead, this, &Session::sigPrograms);
+    connect(&m_setUp, &SetUp::sigStepStarted, this, [this, isFirst](Step step) {
+        if (isFirst()) {
+            begin(step);
+        }
+    });
+    connect(&m_setUp, &SetUp::sigStepDone, this, [this, isFirst](Step step, qint64 elapsedMs) {
+        if (isFirst()) {
+            Q_EMIT sigStepDone(step, elapsedMs);
+        }
+    });
+    connect(&m_setUp, &SetUp::sigSelected, this, [this, isFirst](int program, const QVariantMap& preset) {
+        if (isFirst()) {
+            Q_EMIT sigSelected(program, preset);
+        }
+    });
+    connect(&m_setUp, &SetUp::sigDone, this, [this, isFirst] {
+        if (isFirst()) {
+            listen();
+        }
+    });
+    connect(&m_setUp, &SetUp::sigFailed, this, [this, isFirst](const Problem& problem) {
+        if (isFirst()) {
+            fail(problem);
+        }
+    });
 }
 
 Session::~Session()
@@ -67,7 +103,7 @@ void Session::start()
 {
     m_startUs = m_wrench.clock.nowUs();
     begin(Step::Open);
-    callAfter(limitMs(), &Session::openLimitReached);
+    callAfter(m_order.stepLimitMs > 0 ? m_order.stepLimitMs : textOf(Step::Open).limitMs, &Session::openLimitReached);
     m_observer.start(m_wrench.host, m_wrench.driver);
 }
 
@@ -92,162 +128,19 @@ void Session::discount(const TighteningResult& result)
 void Session::begin(Step step)
 {
     m_step = step;
-    m_stepStartUs = m_wrench.clock.nowUs();
-    m_observer.forgetRefusal();
     Q_EMIT sigStepStarted(step);
-}
-
-void Session::done()
-{
-    Q_EMIT sigStepDone(m_step, (m_wrench.clock.nowUs() - m_stepStartUs) / c_microsecondsPerMillisecond);
-}
-
-void Session::run(const QString& command, const Results& parameters, Continuation then)
-{
-    m_run = m_wrench.host.createOrder(m_wrench.device, command, parameters);
-    if (m_run == nullptr) {
-        failSetUp(QStringLiteral("the device plugin has no command \"%1\"").arg(command), c_pluginMend);
-        return;
+    if (step == Step::Unlock && m_order.listens) {
+        subscribe();
     }
-    connect(m_run.get(), &DOrder::sigFinished, this, [this, then] {
-        const std::unique_ptr<DOrder, void (*)(DOrder*)> ended(m_run.release(),
-                                                               [](DOrder* order) { order->deleteLater(); });
-        switch (ended->outcome()) {
-        case DOrder::Outcome::Finished:
-            (this->*then)(ended->results());
-            break;
-        case DOrder::Outcome::TimedOut:
-            failStep(QStringLiteral("the time limit of %1 s ended it, %2")
-                         .arg(double(limitMs()) / c_millisecondsPerSecond)
-                         .arg(refusalOr(QStringLiteral("there was no answer"))));
-            break;
-        case DOrder::Outcome::Stopped:
-            break;
-        case DOrder::Outcome::None:
-        case DOrder::Outcome::Refused:
-        case DOrder::Outcome::Gone:
-            failSetUp(QStringLiteral("the device plugin refused \"%1\"").arg(ended->commandName()), c_pluginMend);
-            break;
-        }
-    });
-    m_run->start(limitMs());
 }
 
 void Session::lineIsOpen()
 {
     cancelTimer();
-    done();
-    begin(Step::Connect);
-    run(QStringLiteral("searchAndConnect"),
-        {{QStringLiteral("serialId"), m_order.serialId}, {QStringLiteral("name"), m_wrench.device.getName()}},
-        &Session::connected);
-}
-
-void Session::connected(const Results& results)
-{
-    if (!results.value(c_success).toBool()) {
-        failStep(refusalOr(m_heard.whyNot(m_order.serialId)));
-        return;
+    Q_EMIT sigStepDone(m_step, elapsedMs(m_startUs));
+    if (!m_isEnding) {
+        m_setUp.start(SetUp::Mode::First);
     }
-    done();
-    begin(Step::Configure);
-    run(QStringLiteral("sendInitConfig"), {}, &Session::configured);
-}
-
-void Session::configured(const Results& results)
-{
-    if (!results.value(c_success).toBool()) {
-        failStep(refusalOr(QStringLiteral("it refused")));
-        return;
-    }
-    done();
-    begin(Step::Programs);
-    run(QStringLiteral("listProgram"), {}, &Session::programsListed);
-}
-
-void Session::programsListed(const Results& results)
-{
-    m_programs = results.value(QStringLiteral("programList")).toList();
-    if (m_programs.isEmpty()) {
-        failStep(refusalOr(QStringLiteral("it named none")));
-        return;
-    }
-    m_presetsRead = 0;
-    askNextPreset();
-}
-
-void Session::askNextPreset()
-{
-    const QVariant program = m_programs.at(m_presetsRead).toMap().value(c_progId);
-    run(QStringLiteral("getPresetData"), {{c_progId, program}}, &Session::presetRead);
-}
-
-void Session::presetRead(const Results& results)
-{
-    QVariantMap program = m_programs.at(m_presetsRead).toMap();
-    program.insert(c_presetData, results.value(c_presetData));
-    m_programs[m_presetsRead] = program;
-    if (++m_presetsRead < m_programs.size()) {
-        askNextPreset();
-    } else {
-        programsKnown();
-    }
-}
-
-void Session::programsKnown()
-{
-    Q_EMIT sigPrograms(m_programs);
-    done();
-    if (!m_order.program) {
-        unlock();
-        return;
-    }
-    begin(Step::Select);
-    run(QStringLiteral("setProgram"), {{c_progId, *m_order.program}}, &Session::programSelected);
-}
-
-void Session::programSelected(const Results& results)
-{
-    if (!results.value(c_success).toBool()) {
-        failStep(refusalOr(QStringLiteral("the wrench has the programs 1 to %1, and %2 was asked for")
-                               .arg(m_programs.size())
-                               .arg(*m_order.program)));
-        return;
-    }
-    Q_EMIT sigSelected(*m_order.program, results.value(c_presetData).toMap());
-    done();
-    unlock();
-}
-
-// The configuration leaves the wrench locked, and a locked wrench does not tighten.
-void Session::unlock()
-{
-    begin(Step::Unlock);
-    if (m_order.listens && !subscribe()) {
-        return;
-    }
-    run(QStringLiteral("setLock"), {{QStringLiteral("lock"), false}}, &Session::unlocked);
-}
-
-void Session::unlocked(const Results& results)
-{
-    if (!results.value(c_success).toBool()) {
-        failStep(refusalOr(QStringLiteral("the frame could not be written")));
-        return;
-    }
-    done();
-    run(QStringLiteral("setKeepAliveFonction"),
-        {{QStringLiteral("frame"), c_keepAliveFrame}, {QStringLiteral("responseFrame"), c_keepAliveAnswer}},
-        &Session::keepAliveSet);
-}
-
-void Session::keepAliveSet(const Results& results)
-{
-    if (!results.value(c_success).toBool()) {
-        failSetUp(QStringLiteral("the driver does not keep the link alive"), c_pluginMend);
-        return;
-    }
-    listen();
 }
 
 void Session::listen()
@@ -265,15 +158,18 @@ void Session::listen()
     for (const TighteningResult& result : early) {
         takeResult(result);
     }
+    if (!m_isEnding) {
+        m_supervisor.start();
+    }
 }
 
 // Before the wrench is unlocked: from then on it may tighten, and no result may go by.
-bool Session::subscribe()
+void Session::subscribe()
 {
     m_listener = m_wrench.host.createOrder(m_wrench.device, c_listenCommand);
     if (m_listener == nullptr) {
         failSetUp(QStringLiteral("the device plugin has no command \"%1\"").arg(c_listenCommand), c_pluginMend);
-        return false;
+        return;
     }
     connect(m_listener.get(), &DOrder::sigResultsPublished, this, [this](const QMap<QString, QVariant>& values) {
         if (values.contains(c_eventData)) {
@@ -283,7 +179,6 @@ bool Session::subscribe()
     connect(m_listener.get(), &DOrder::sigFinished, this,
             [this] { failSetUp(QStringLiteral("the listener has ended"), c_pluginMend); });
     m_listener->start();
-    return true;
 }
 
 void Session::resultArrived(const QVariantMap& eventData)
@@ -316,16 +211,17 @@ void Session::takeResult(const TighteningResult& result)
 
 QVariantMap Session::presetOf(int program) const
 {
-    const auto found = std::find_if(m_programs.cbegin(), m_programs.cend(), [program](const QVariant& each) {
+    const QVariantList& programs = m_setUp.programs();
+    const auto found = std::find_if(programs.cbegin(), programs.cend(), [program](const QVariant& each) {
         return each.toMap().value(c_progId).toInt() == program;
     });
-    return found == m_programs.cend() ? QVariantMap() : found->toMap().value(c_presetData).toMap();
+    return found == programs.cend() ? QVariantMap() : found->toMap().value(c_presetData).toMap();
 }
 
 void Session::driverChanged(const QString& property)
 {
-    if (m_isEnding) {
-        return;
+    if (m_isEnding || (m_step == Step::Listen && m_order.listens)) {
+        return; // then it is the supervisor's
     }
     if (property == QLatin1String(c_connected)) {
         lineChanged(m_wrench.driver.getProperty(QLatin1String(c_connected), QVariant(false)).toBool());
@@ -337,20 +233,22 @@ void Session::driverChanged(const QString& property)
 // A line that is closed without an error was closed on purpose: by the device plugin after a search in vain.
 void Session::lineChanged(bool isConnected)
 {
-    const QString error = driverText(c_lineError);
-    if (isConnected && m_step == Step::Open) {
-        Q_EMIT sigLink(true, driverText(c_lineState), QString());
-        lineIsOpen();
-    } else if (isConnected && m_isLineInTrouble) {
-        m_isLineInTrouble = false;
-        m_isReconnected = true;
-        Q_EMIT sigLink(true, driverText(c_lineState), QString());
-        if (m_step != Step::Listen) {
+    LinkReport report;
+    report.state = driverText(c_lineState);
+    if (isConnected && (m_step == Step::Open || std::exchange(m_isLineInTrouble, false))) {
+        report.kind = LinkReport::Kind::Opened;
+        Q_EMIT sigLink(report);
+        if (m_step == Step::Open) {
+            lineIsOpen();
+        } else if (m_step != Step::Listen) {
             cancelTimer();
         }
-    } else if (!isConnected && !error.isEmpty()) {
+    } else if (!isConnected && !driverText(c_lineError).isEmpty()) {
         m_isLineInTrouble = true;
-        Q_EMIT sigLink(false, driverText(c_lineState), error);
+        report.kind = LinkReport::Kind::Lost;
+        report.cause = LinkReport::Cause::Port;
+        report.message = driverText(c_lineError);
+        Q_EMIT sigLink(report);
         if (m_step != Step::Listen) {
             callAfter(c_lostLimitMs, &Session::lineStaysLost);
         }
@@ -372,12 +270,6 @@ void Session::lineStaysLost()
     failSetUp(driverText(c_lineError), QString());
 }
 
-void Session::failStep(const QString& cause)
-{
-    const SessionStepText text = textOf(m_step);
-    fail({Problem::Kind::Device, text.name, text.failure, cause, text.mend});
-}
-
 void Session::failSetUp(const QString& cause, const QString& mend)
 {
     const SessionStepText text = textOf(m_step);
@@ -395,14 +287,13 @@ void Session::end(SessionSummary::End how)
     if (m_step == Step::Listen) { // before, it may be one that was asked for and refused
         m_summary.program = m_wrench.device.getProperty(c_currentProgram, QVariant(0)).toInt();
     }
-    // Orders are let go from a later turn: one of them may be telling us of its end.
-    for (std::unique_ptr<DOrder>* order : {&m_listener, &m_run}) {
-        if (DOrder* running = order->release()) {
-            running->disconnect(this);
-            running->stop();
-            running->deleteLater();
-        }
+    if (DOrder* listener = m_listener.release()) {
+        listener->disconnect(this);
+        listener->stop();
+        listener->deleteLater(); // it may be telling us of its end
     }
+    m_supervisor.stop();
+    m_setUp.stop();
     m_observer.stop();
     if (m_step == Step::Open) {
         m_lineEnd.close(); // nobody was called yet
@@ -413,7 +304,7 @@ void Session::end(SessionSummary::End how)
 
 void Session::finish()
 {
-    m_summary.elapsedMs = (m_wrench.clock.nowUs() - m_startUs) / c_microsecondsPerMillisecond;
+    m_summary.elapsedMs = elapsedMs(m_startUs);
     Q_EMIT sigFinished(m_summary);
 }
 
@@ -432,18 +323,12 @@ void Session::cancelTimer()
     m_timer = 0;
 }
 
-int Session::limitMs() const
+qint64 Session::elapsedMs(qint64 sinceUs) const
 {
-    return m_order.stepLimitMs > 0 ? m_order.stepLimitMs : textOf(m_step).limitMs;
+    return (m_wrench.clock.nowUs() - sinceUs) / c_microsecondsPerMillisecond;
 }
 
 QString Session::driverText(const char* property) const
 {
     return m_wrench.driver.getProperty(QLatin1String(property), QVariant()).toString();
-}
-
-QString Session::refusalOr(const QString& otherwise) const
-{
-    const QString refusal = m_observer.lastRefusal();
-    return refusal.isEmpty() ? otherwise : QStringLiteral("the line said \"%1\"").arg(refusal);
 }

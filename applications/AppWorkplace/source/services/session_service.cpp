@@ -1,10 +1,8 @@
 #include "session_service.h"
 
-#include <lib_plugins_management/host/d_host.h>
-
 #include "step_name.h"
 
-SessionService::SessionService(const Session& session, const LinkedDevice& wrench, QObject* parent) : QObject(parent)
+SessionService::SessionService(const Session& session, QObject* parent) : QObject(parent)
 {
     connect(&session, &Session::sigStepStarted, this, &SessionService::stepStarted);
     connect(&session, &Session::sigResult, this,
@@ -14,12 +12,11 @@ SessionService::SessionService(const Session& session, const LinkedDevice& wrenc
         m_notifier.tellStatus(problem.lines().constFirst());
     });
     connect(&session, &Session::sigFinished, this, &SessionService::tellStopping);
-    connect(&wrench.host, &DHost::sigPropertyChanged, this,
-            [this, driver = &wrench.driver](const DAbstractPlugin* plugin, const QString& name, const QVariant& value) {
-                if (plugin == driver && name == QLatin1String("lineError")) {
-                    lineErrorChanged(value.toString());
-                }
-            });
+    connect(&session, &Session::sigLink, this, [this](const LinkReport& report) {
+        if (report.kind != LinkReport::Kind::Restoring) { // it has nothing new to say
+            lineErrorChanged(report.message);
+        }
+    });
     m_notifier.startWatchdog();
 }
 

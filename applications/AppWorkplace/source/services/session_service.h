@@ -12,8 +12,8 @@ class SessionService : public QObject
     Q_OBJECT
 
 public:
-    /// The session and the wrench's host outlive this.
-    SessionService(const Session& session, const LinkedDevice& wrench, QObject* parent = nullptr);
+    /// The session outlives this.
+    explicit SessionService(const Session& session, QObject* parent = nullptr);
 
     /// The session has been told to end.
     void tellStopping();

@@ -1,0 +1,118 @@
+#pragma once
+
+#include <QObject>
+#include <QVariant>
+
+#include <memory>
+
+#include <lib_plugins_management/host/d_order.h>
+#include <lib_utilities/clock.h>
+
+#include "heard_wrenches.h"
+#include "linked_device.h"
+#include "problem.h"
+#include "session_order.h"
+#include "session_step.h"
+
+class LineObserver;
+
+/// Gets the wrench on an open line ready, step by step, each with commands of the device plugin. The same steps bring a
+/// wrench back to where it was after its link was lost:
+///
+///     First:      connect, configure, programs, select (where a program is asked for), unlock
+///     Restoring:  connect, configure, select (likewise), unlock
+///
+/// The keep-alive is off while it restores, so that no question of the driver gets between the steps, and on at the
+/// end. The wrench stays locked until it stands at its program: nobody tightens with another one.
+class SetUp : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Step = SessionStep;
+    enum class Mode { First, Restoring };
+
+    static constexpr int c_busyPauseMs = 500; ///< before a wrench that is tightening is asked again
+
+    /// The observer listens to the same line, and outlives the object.
+    SetUp(const LinkedDevice& wrench, const SessionOrder& order, LineObserver& observer, QObject* parent = nullptr);
+    ~SetUp() override;
+
+    /// Answers with sigDone or sigFailed. It does not run yet.
+    void start(Mode mode);
+    /// Nothing more is sent or told.
+    void stop();
+
+    /// The programs as read at the first time, each with its "presetData"; empty before.
+    const QVariantList& programs() const { return m_programs; }
+
+Q_SIGNALS:
+    void sigStepStarted(SessionStep step);
+    void sigStepDone(SessionStep step, qint64 elapsedMs);
+    /// Maps of "mac", "sn", "rssi", the strongest signal first.
+    void sigWrenchesHeard(const QVariantList& wrenches);
+    /// More than one wrench answers to the serial number. wrenches: as above. taken: the "mac" of the one that was
+    /// dialled; empty: none was, the dongle held a link already.
+    void sigNamesakes(const QVariantList& wrenches, const QString& taken);
+    void sigProgramsRead(const QVariantList& programs);
+    void sigSelected(int program, const QVariantMap& preset);
+    void sigDone();
+    void sigFailed(const Problem& problem);
+
+private:
+    using Results = QMap<QString, QVariant>;
+    using Continuation = void (SetUp::*)(const Results& results);
+
+    void begin(Step step);
+    void done();
+    /// Runs a command of the device and goes on when it has ended.
+    void run(const QString& command, const Results& parameters, Continuation then);
+    void drop(std::unique_ptr<DOrder>& order);
+
+    void search(const Results& results);
+    void connected(const Results& results);
+    void configured(const Results& results);
+    void programsListed(const Results& results);
+    void askNextPreset();
+    void presetRead(const Results& results);
+    void select();
+    void goToProgram();
+    void goToProgramForSure(const Results& results);
+    void programSelected(const Results& results);
+    void unlock();
+    void unlocked(const Results& results);
+    void keepAliveSet(const Results& results);
+
+    void wrenchHeard(const QString& address, const QString& serialId, const QString& signalStrength);
+    void lineHeard(const QString& line);
+    void tellNamesakes();
+    void selectionRefused(const QString& line);
+
+    /// The step has failed, by what the device said or did.
+    void failStep(const QString& cause);
+    /// The step has failed, by what the workplace is made of.
+    void failSetUp(const QString& cause);
+    void fail(const Problem& problem);
+
+    int limitMs() const;
+    qint64 elapsedMs() const;
+    /// What the line said against it in this step, else the other text.
+    QString refusalOr(const QString& otherwise) const;
+
+    const LinkedDevice m_wrench;
+    const SessionOrder m_order;
+    LineObserver& m_observer;
+    HeardWrenches m_heard;     // in this search
+    HeardWrenches m_namesakes; // with the session's serial number, since the beginning
+    int m_namesakesTold = 0;
+    QString m_takenTold;
+    QString m_dialled; // the address without colons, as the dongle says it
+    std::unique_ptr<DOrder> m_run;
+    Clock::TimerId m_retry = 0;
+    QVariantList m_programs;
+    int m_presetsRead = 0;
+    Mode m_mode = Mode::First;
+    Step m_step = Step::Connect;
+    qint64 m_stepStartUs = 0;
+    bool m_isRunning = false;
+};
