@@ -8,8 +8,12 @@ constexpr int c_killedBySignal = 128;
 
 ProgramRun::ProgramRun()
 {
-    QObject::connect(&m_process, &QProcess::readyReadStandardOutput, &m_process,
-                     [this] { m_output += m_process.readAllStandardOutput(); });
+    QObject::connect(&m_process, &QProcess::readyReadStandardOutput, &m_process, [this] {
+        m_output += m_process.readAllStandardOutput();
+        if (m_fatalTimes > 0 && m_output.count(m_fatalText) >= m_fatalTimes) {
+            sendSignal(SIGKILL);
+        }
+    });
     QObject::connect(&m_process, &QProcess::readyReadStandardError, &m_process,
                      [this] { m_messages += m_process.readAllStandardError(); });
 }
@@ -41,6 +45,12 @@ void ProgramRun::sendSignal(int number) const
     if (isRunning()) {
         ::kill(pid_t(m_pid), number);
     }
+}
+
+void ProgramRun::killWhenPrinted(const QByteArray& text, int times)
+{
+    m_fatalText = text;
+    m_fatalTimes = times;
 }
 
 bool ProgramRun::waitForEnd(int limitMs)

@@ -26,6 +26,8 @@ public:
     bool start(const QString& program, const QStringList& arguments);
     void type(const QString& line);
     void sendSignal(int number) const;
+    /// Kills it (SIGKILL) the moment it has printed the text so often.
+    void killWhenPrinted(const QByteArray& text, int times);
 
     qint64 pid() const { return m_pid; }
     bool isRunning() const { return m_process.state() != QProcess::NotRunning; }
@@ -50,4 +52,6 @@ private:
     qint64 m_pid = 0;
     QByteArray m_output;
     QByteArray m_messages;
+    QByteArray m_fatalText;
+    int m_fatalTimes = 0; // 0: it is not killed
 };

@@ -74,7 +74,7 @@ bool HistoryStore::exists() const
 std::optional<Problem> HistoryStore::openToWrite(const QVector<history_schema::Migration>& migrations)
 {
     if (!exists()) {
-        if (const std::optional<Problem> problem = create(migrations)) {
+        if (std::optional<Problem> problem = create(migrations)) {
             return problem;
         }
     }
@@ -82,7 +82,7 @@ std::optional<Problem> HistoryStore::openToWrite(const QVector<history_schema::M
     int version = 0;
     {
         HistoryDatabase looked(m_file, HistoryDatabase::Access::Read, m_busyLimitMs);
-        if (const std::optional<Problem> problem = check(looked, newest, true, &version)) {
+        if (std::optional<Problem> problem = check(looked, newest, true, &version)) {
             return problem;
         }
     }

@@ -10,7 +10,7 @@ Recording::Recording(const Settings& settings)
 
 std::optional<Problem> Recording::open(const QString& serialId, const QString& plugin)
 {
-    if (const std::optional<Problem> problem = m_store.openToWrite()) {
+    if (std::optional<Problem> problem = m_store.openToWrite()) {
         return problem;
     }
     m_recorder = std::make_unique<ResultRecorder>(m_store, ResultRecorder::Origin{serialId, m_device, plugin});
