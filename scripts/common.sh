@@ -71,3 +71,11 @@ build() {
         exit 1
     fi
 }
+
+# run_tests PRESET [CTEST ARGS…]: more at a time than there are processors, because the long ones wait for a wrench's time
+# limits and not for a processor.
+run_tests() {
+    local preset=$1
+    shift
+    ctest --test-dir "$root/build/$preset" --output-on-failure --no-tests=error -j "$((2 * $(nproc)))" "$@"
+}
