@@ -1519,6 +1519,21 @@ Optionen aller Befehle:
     </message>
 </context>
 <context>
+    <name>SessionCommand</name>
+    <message>
+        <source>Ends when the link to the wrench is lost, instead of restoring it.</source>
+        <translation>Endet, wenn die Verbindung zum Schlüssel verloren geht, statt sie wiederherzustellen.</translation>
+    </message>
+    <message>
+        <source>Ends when the link was away so long (%1 when not said, or 0).</source>
+        <translation>Endet, wenn die Verbindung so lange fehlt (%1, wenn nichts oder 0 angegeben ist).</translation>
+    </message>
+    <message>
+        <source>--%1 and --%2 do not go together</source>
+        <translation>--%1 und --%2 schließen einander aus</translation>
+    </message>
+</context>
+<context>
     <name>SessionService</name>
     <message>
         <source>listening; results so far: %1</source>
@@ -1527,6 +1542,100 @@ Optionen aller Befehle:
     <message>
         <source>%1 …</source>
         <translation>%1 …</translation>
+    </message>
+</context>
+<context>
+    <name>SessionTextReport</name>
+    <message>
+        <source>%1 (%2 dBm)</source>
+        <translation>%1 (%2 dBm)</translation>
+    </message>
+    <message>
+        <source>which one has the link is not known</source>
+        <translation>welcher die Verbindung hat, ist nicht bekannt</translation>
+    </message>
+    <message>
+        <source>%1 was taken</source>
+        <translation>%1 wurde genommen</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>%1 wrenches answer to the serial number %2: %3; %4: switch the others off, or give each a number of its own</source>
+        <translation>%1 Schlüssel melden sich mit der Seriennummer %2: %3; %4: schalten Sie die anderen aus oder geben Sie jedem eine eigene Nummer</translation>
+    </message>
+    <message>
+        <source>link</source>
+        <translation>Verbindung</translation>
+    </message>
+    <message>
+        <source>the line is open again</source>
+        <translation>die Leitung ist wieder offen</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>attempt %1 in %2 s; %3</source>
+        <translation>Versuch %1 in %2 s; %3</translation>
+    </message>
+    <message>
+        <source>attempt %1 …</source>
+        <translation>Versuch %1 …</translation>
+    </message>
+    <message>
+        <source>restored after %1 (attempt %2)</source>
+        <translation>nach %1 wiederhergestellt (Versuch %2)</translation>
+    </message>
+</context>
+<context>
+    <name>SetUp</name>
+    <message>
+        <source>the device plugin has no command &quot;%1&quot;</source>
+        <translation>das Geräte-Plugin hat keinen Befehl „%1“</translation>
+    </message>
+    <message>
+        <source>the time limit of %1 s ended it, %2</source>
+        <translation>die Zeitgrenze von %1 s hat es beendet, %2</translation>
+    </message>
+    <message>
+        <source>there was no answer</source>
+        <translation>es kam keine Antwort</translation>
+    </message>
+    <message>
+        <source>the device plugin refused &quot;%1&quot;</source>
+        <translation>das Geräte-Plugin hat „%1“ abgelehnt</translation>
+    </message>
+    <message>
+        <source>it refused</source>
+        <translation>er hat abgelehnt</translation>
+    </message>
+    <message>
+        <source>it named none</source>
+        <translation>er hat keines genannt</translation>
+    </message>
+    <message>
+        <source>the wrench has the programs 1 to %1, and %2 was asked for</source>
+        <translation>der Schlüssel hat die Programme 1 bis %1, verlangt war %2</translation>
+    </message>
+    <message>
+        <source>the frame could not be written</source>
+        <translation>der Befehl konnte nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>the driver does not keep the link alive</source>
+        <translation>der Treiber hält die Verbindung nicht aufrecht</translation>
+    </message>
+    <message>
+        <source>check the folder of the plugins with --plugins</source>
+        <translation>prüfen Sie mit --plugins den Ordner der Plugins</translation>
+    </message>
+    <message>
+        <source>the line said &quot;%1&quot;</source>
+        <translation>auf der Leitung kam „%1“</translation>
     </message>
 </context>
 <context>
@@ -1656,6 +1765,33 @@ Optionen aller Befehle:
     <message>
         <source>export</source>
         <translation>Export</translation>
+    </message>
+</context>
+<context>
+    <name>Supervisor</name>
+    <message>
+        <source>the dongle cannot reach the wrench %1 (&quot;%2&quot;): bring it near and check that it is switched on</source>
+        <translation>der Dongle erreicht den Schlüssel %1 nicht („%2“): bringen Sie ihn näher heran und prüfen Sie, ob er eingeschaltet ist</translation>
+    </message>
+    <message>
+        <source>the dongle has lost its link to the wrench %1 (&quot;%2&quot;)</source>
+        <translation>der Dongle hat seine Verbindung zum Schlüssel %1 verloren („%2“)</translation>
+    </message>
+    <message>
+        <source>the link to the wrench %1 was not restored within %2 s</source>
+        <translation>die Verbindung zum Schlüssel %1 wurde nicht innerhalb von %2 s wiederhergestellt</translation>
+    </message>
+    <message>
+        <source>the link to the wrench %1 is lost</source>
+        <translation>die Verbindung zum Schlüssel %1 ist verloren</translation>
+    </message>
+    <message>
+        <source>mend that and start again; without --no-reconnect a session restores its link itself</source>
+        <translation>beheben Sie das und starten Sie neu; ohne --no-reconnect stellt eine Sitzung ihre Verbindung selbst wieder her</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>

@@ -1519,6 +1519,21 @@ Options de toutes les commandes :
     </message>
 </context>
 <context>
+    <name>SessionCommand</name>
+    <message>
+        <source>Ends when the link to the wrench is lost, instead of restoring it.</source>
+        <translation>Se termine quand la liaison avec la clé est perdue, au lieu de la rétablir.</translation>
+    </message>
+    <message>
+        <source>Ends when the link was away so long (%1 when not said, or 0).</source>
+        <translation>Se termine quand la liaison a manqué aussi longtemps (%1 sans indication, ou avec 0).</translation>
+    </message>
+    <message>
+        <source>--%1 and --%2 do not go together</source>
+        <translation>--%1 et --%2 s’excluent</translation>
+    </message>
+</context>
+<context>
     <name>SessionService</name>
     <message>
         <source>listening; results so far: %1</source>
@@ -1527,6 +1542,100 @@ Options de toutes les commandes :
     <message>
         <source>%1 …</source>
         <translation>%1 …</translation>
+    </message>
+</context>
+<context>
+    <name>SessionTextReport</name>
+    <message>
+        <source>%1 (%2 dBm)</source>
+        <translation>%1 (%2 dBm)</translation>
+    </message>
+    <message>
+        <source>which one has the link is not known</source>
+        <translation>on ne sait pas laquelle a la liaison</translation>
+    </message>
+    <message>
+        <source>%1 was taken</source>
+        <translation>%1 a été prise</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>attention</translation>
+    </message>
+    <message>
+        <source>%1 wrenches answer to the serial number %2: %3; %4: switch the others off, or give each a number of its own</source>
+        <translation>%1 clés répondent au numéro de série %2 : %3 ; %4 : éteignez les autres ou donnez à chacune son propre numéro</translation>
+    </message>
+    <message>
+        <source>link</source>
+        <translation>liaison</translation>
+    </message>
+    <message>
+        <source>the line is open again</source>
+        <translation>la ligne est de nouveau ouverte</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>attempt %1 in %2 s; %3</source>
+        <translation>essai %1 dans %2 s ; %3</translation>
+    </message>
+    <message>
+        <source>attempt %1 …</source>
+        <translation>essai %1 …</translation>
+    </message>
+    <message>
+        <source>restored after %1 (attempt %2)</source>
+        <translation>rétablie après %1 (essai %2)</translation>
+    </message>
+</context>
+<context>
+    <name>SetUp</name>
+    <message>
+        <source>the device plugin has no command &quot;%1&quot;</source>
+        <translation>le module d’appareil n’a pas de commande « %1 »</translation>
+    </message>
+    <message>
+        <source>the time limit of %1 s ended it, %2</source>
+        <translation>la limite de %1 s y a mis fin, %2</translation>
+    </message>
+    <message>
+        <source>there was no answer</source>
+        <translation>il n’y a pas eu de réponse</translation>
+    </message>
+    <message>
+        <source>the device plugin refused &quot;%1&quot;</source>
+        <translation>le plugin de l’appareil a refusé « %1 »</translation>
+    </message>
+    <message>
+        <source>it refused</source>
+        <translation>elle a refusé</translation>
+    </message>
+    <message>
+        <source>it named none</source>
+        <translation>elle n’en a nommé aucun</translation>
+    </message>
+    <message>
+        <source>the wrench has the programs 1 to %1, and %2 was asked for</source>
+        <translation>la clé a les programmes 1 à %1, et %2 était demandé</translation>
+    </message>
+    <message>
+        <source>the frame could not be written</source>
+        <translation>la trame n’a pas pu être écrite</translation>
+    </message>
+    <message>
+        <source>the driver does not keep the link alive</source>
+        <translation>le pilote ne maintient pas la liaison</translation>
+    </message>
+    <message>
+        <source>check the folder of the plugins with --plugins</source>
+        <translation>vérifiez le dossier des modules avec --plugins</translation>
+    </message>
+    <message>
+        <source>the line said &quot;%1&quot;</source>
+        <translation>la ligne a dit « %1 »</translation>
     </message>
 </context>
 <context>
@@ -1656,6 +1765,33 @@ Options de toutes les commandes :
     <message>
         <source>export</source>
         <translation>export</translation>
+    </message>
+</context>
+<context>
+    <name>Supervisor</name>
+    <message>
+        <source>the dongle cannot reach the wrench %1 (&quot;%2&quot;): bring it near and check that it is switched on</source>
+        <translation>le dongle n’atteint pas la clé %1 (« %2 ») : rapprochez-la et vérifiez qu’elle est allumée</translation>
+    </message>
+    <message>
+        <source>the dongle has lost its link to the wrench %1 (&quot;%2&quot;)</source>
+        <translation>le dongle a perdu sa liaison avec la clé %1 (« %2 »)</translation>
+    </message>
+    <message>
+        <source>the link to the wrench %1 was not restored within %2 s</source>
+        <translation>la liaison avec la clé %1 n’a pas été rétablie en %2 s</translation>
+    </message>
+    <message>
+        <source>the link to the wrench %1 is lost</source>
+        <translation>la liaison avec la clé %1 est perdue</translation>
+    </message>
+    <message>
+        <source>mend that and start again; without --no-reconnect a session restores its link itself</source>
+        <translation>remédiez-y et relancez ; sans --no-reconnect, une session rétablit elle-même sa liaison</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
     </message>
 </context>
 <context>

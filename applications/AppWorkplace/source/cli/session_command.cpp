@@ -13,11 +13,6 @@ const QString c_listenCommand = QStringLiteral("listenEventsData");
 const QString c_noReconnect = QStringLiteral("no-reconnect");
 const QString c_reconnectLimit = QStringLiteral("reconnect-limit");
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("SessionCommand", text);
-}
-
 std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
 {
     const QCommandLineParser& options = context.options;
@@ -50,7 +45,8 @@ std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
     if (!order.reconnects && options.isSet(c_reconnectLimit)) {
         *problem = {Problem::Kind::Usage,
                     QStringLiteral("command line"),
-                    tr("--%1 and --%2 do not go together").arg(c_noReconnect, c_reconnectLimit),
+                    QCoreApplication::translate("SessionCommand", "--%1 and --%2 do not go together")
+                        .arg(c_noReconnect, c_reconnectLimit),
                     {},
                     QStringLiteral("see app_workplace session --help")};
     }
@@ -70,22 +66,24 @@ std::unique_ptr<SessionReport> SessionReport::make(Console& console, const QStri
 
 CliEntry SessionCommand::entry()
 {
-    return {QStringLiteral("session"),
-            {},
-            QStringLiteral("Connects to a wrench and takes its tightening results."),
-            {{QStringLiteral("program"),
-              QStringLiteral("Selects this program; without it the selection is left alone."), QStringLiteral("N")},
-             {QStringLiteral("count"), QStringLiteral("Ends after so many results."), QStringLiteral("N")},
-             {QStringLiteral("duration"), QStringLiteral("Ends after listening so long."), QStringLiteral("SECONDS")},
-             {QStringLiteral("limit"), QStringLiteral("Time limit of each step, instead of its own."),
-              QStringLiteral("SECONDS")},
-             {c_noReconnect, tr("Ends when the link to the wrench is lost, instead of restoring it.")},
-             {c_reconnectLimit,
-              tr("Ends when the link was away so long (%1 when not said, or 0).")
-                  .arg(Supervisor::c_defaultLimitMs / c_millisecondsPerSecond),
-              QStringLiteral("SECONDS")}},
-            &make,
-            true};
+    return {
+        QStringLiteral("session"),
+        {},
+        QStringLiteral("Connects to a wrench and takes its tightening results."),
+        {{QStringLiteral("program"), QStringLiteral("Selects this program; without it the selection is left alone."),
+          QStringLiteral("N")},
+         {QStringLiteral("count"), QStringLiteral("Ends after so many results."), QStringLiteral("N")},
+         {QStringLiteral("duration"), QStringLiteral("Ends after listening so long."), QStringLiteral("SECONDS")},
+         {QStringLiteral("limit"), QStringLiteral("Time limit of each step, instead of its own."),
+          QStringLiteral("SECONDS")},
+         {c_noReconnect, QCoreApplication::translate(
+                             "SessionCommand", "Ends when the link to the wrench is lost, instead of restoring it.")},
+         {c_reconnectLimit,
+          QCoreApplication::translate("SessionCommand", "Ends when the link was away so long (%1 when not said, or 0).")
+              .arg(Supervisor::c_defaultLimitMs / c_millisecondsPerSecond),
+          QStringLiteral("SECONDS")}},
+        &make,
+        true};
 }
 
 SessionCommand::SessionCommand(const CliContext& context, const SessionOrder& order)
