@@ -14,6 +14,8 @@ private Q_SLOTS:
     void modesAreRead();
     void faultsAreRead();
     void replayIsRead();
+    void speedIsRead();
+    void wrenchesAreListed();
     void helpExplains();
     void wrongOptionsAreRefused_data();
     void wrongOptionsAreRefused();
@@ -112,6 +114,19 @@ void TestSimulatorOptions::replayIsRead()
     QVERIFY(parse("").options.replay.tracePath.isEmpty());
 }
 
+void TestSimulatorOptions::speedIsRead()
+{
+    QCOMPARE(parse("").options.speed, 1.0);
+    QCOMPARE(parse("--speed 12.5").options.speed, 12.5);
+}
+
+void TestSimulatorOptions::wrenchesAreListed()
+{
+    const ParsedOptions parsed = parse("--wrench A --wrench B --list-wrenches");
+    QVERIFY(parsed.outcome == ParsedOptions::Outcome::Explain);
+    QCOMPARE(parsed.text, QStringLiteral("A\nB\n"));
+}
+
 void TestSimulatorOptions::helpExplains()
 {
     const ParsedOptions parsed = parse("--help");
@@ -139,6 +154,10 @@ void TestSimulatorOptions::wrongOptionsAreRefused_data()
     row("--scan-period 0", "--scan-period \"0\"");
     row("--tightening-time x", "--tightening-time \"x\"");
     row("--seed x", "--seed \"x\"");
+    row("--speed 0", "--speed \"0\"");
+    row("--speed 1001", "--speed \"1001\"");
+    row("--scenario /none", "scenario /none: cannot be read");
+    row("--replay a --scenario b", "--replay and --scenario");
     row("--programs 0", "--programs \"0\"");
     row("--programs 100", "--programs \"100\"");
     row("--programs /none", "/none");

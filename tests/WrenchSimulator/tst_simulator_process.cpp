@@ -77,6 +77,8 @@ private Q_SLOTS:
     void servesASerialDevice();
     void endsWithItsParent();
     void endOfConsoleEndsIt();
+    void simulatedTimeMayRunFaster();
+    void timeLineUnplugsAndReplugs();
     void wrongOptionEndsWithStatusTwo();
     void unusableLineEndsWithStatusThree();
 };
@@ -423,6 +425,32 @@ void TestSimulatorProcess::endOfConsoleEndsIt()
     QVERIFY(simulator.process().waitForFinished());
     QCOMPARE(simulator.process().exitCode(), 0);
     QVERIFY(!exists(pid));
+}
+
+void TestSimulatorProcess::simulatedTimeMayRunFaster()
+{
+    SimulatorProcess simulator;
+    // A minute, which nobody here would wait for.
+    QVERIFY(simulator.start(
+        {QStringLiteral("--speed"), QStringLiteral("1000"), QStringLiteral("--fault"), QStringLiteral("late:60000")}));
+    OpenTerminal terminal(simulator.path());
+    terminal.send("ATH");
+    QCOMPARE(terminal.receive(5), QByteArray("ATH\r\n"));
+}
+
+void TestSimulatorProcess::timeLineUnplugsAndReplugs()
+{
+    QTemporaryDir folder;
+    QFile scenario(folder.filePath(QStringLiteral("scenario.json")));
+    QVERIFY(scenario.open(QIODevice::WriteOnly));
+    scenario.write(R"({"timeLineFrom": "first-frame", "timeLine": [{"atMs": 50, "do": "unplug 50"}]})");
+    scenario.close();
+    SimulatorProcess simulator;
+    QVERIFY(simulator.start({QStringLiteral("--scenario"), scenario.fileName()}));
+    OpenTerminal terminal(simulator.path());
+    terminal.send("ATH");
+    QVERIFY(terminal.waitForHangUp());
+    QVERIFY(simulator.readLine().startsWith(QStringLiteral("ready ")));
 }
 
 void TestSimulatorProcess::wrongOptionEndsWithStatusTwo()

@@ -272,7 +272,8 @@ void Dongle::answerFrame(qint64 atUs)
     const Disturbance disturbance = m_inHand->disturbance;
     const bool isDialling = frame.startsWith("ATD") && isForDongle(frame);
     if (disturbance.hasForeignEcho && !isDialling) {
-        send("ATD " + foreignAddress(m_link ? dialled(wrench(*m_link)) : QByteArray()), atUs);
+        // Before a link it is not known which wrenches are foreign.
+        send("ATD " + (m_link ? foreignAddress(dialled(wrench(*m_link))) : QByteArray(c_nobodysAddress)), atUs);
         m_inHand->disturbance.hasForeignEcho = false; // a frame that waits for its link comes here twice
     }
     if (disturbance.errorCode) {

@@ -69,9 +69,18 @@ Options read(const QCommandLineParser& parser)
         }
     }
     result.hasConsole = parser.isSet(option("console"));
-    result.tellsWrenches = parser.isSet(option("tell-wrenches"));
     result.exitsWithParent = parser.isSet(option("exit-with-parent"));
     return result;
+}
+
+/// For programs, so that nobody else has to read scenarios.
+QString wrenchLines(const Scenario& scenario)
+{
+    QString lines;
+    for (const Wrench::Settings& wrench : scenario.wrenches) {
+        lines += QString::fromLatin1(wrench.serial) + QLatin1Char('\n');
+    }
+    return lines;
 }
 
 void declare(QCommandLineParser& parser)
@@ -124,7 +133,7 @@ void declare(QCommandLineParser& parser)
     add("baud", "The dongle's speed: while the terminal is set to another one, both sides receive garbage.", "n");
     add("device", "Uses this serial device instead of a pseudo-terminal.", "path");
     add("console", "Reads commands from standard input; \"help\" lists them. Ends at its end of file.");
-    add("tell-wrenches", "Prints \"wrench SERIAL\" for each wrench, in their order, before the first \"ready\".");
+    add("list-wrenches", "Prints the serial numbers of the wrenches, one a line, and ends.");
     add("exit-with-parent", "Ends when the process (and thread) that started it ends, in whatever way.");
     parser.addHelpOption();
     parser.addVersionOption();
@@ -145,7 +154,11 @@ ParsedOptions parseOptions(const QStringList& arguments)
         return {ParsedOptions::Outcome::Explain, {}, QStringLiteral("wrench_simulator " WRENCH_SIMULATOR_VERSION "\n")};
     }
     try {
-        return {ParsedOptions::Outcome::Run, read(parser), {}};
+        const Options options = read(parser);
+        if (parser.isSet(option("list-wrenches"))) {
+            return {ParsedOptions::Outcome::Explain, {}, wrenchLines(options.scenario)};
+        }
+        return {ParsedOptions::Outcome::Run, options, {}};
     } catch (const OptionRefusal& refusal) {
         return {ParsedOptions::Outcome::Refuse, {}, refusal.text};
     }

@@ -23,7 +23,6 @@ struct Options
     QString devicePath; ///< empty: a pseudo-terminal
     int baud = 0;       ///< of the dongle on a pseudo-terminal; 0: whatever the other side has set
     bool hasConsole = false;
-    bool tellsWrenches = false;
     bool exitsWithParent = false;
 };
 

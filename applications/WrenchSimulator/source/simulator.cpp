@@ -16,24 +16,11 @@
 namespace {
 constexpr qint64 c_nsPerUs = 1000;
 constexpr double c_usPerMs = 1000.0;
-
-/// Which wrenches there are: in a program's words, so that nobody else has to read scenarios.
-QStringList wrenchLines(const Options& options)
-{
-    QStringList lines;
-    if (options.tellsWrenches) {
-        for (const Wrench::Settings& wrench : options.scenario.wrenches) {
-            lines.append(QStringLiteral("wrench ") + QString::fromLatin1(wrench.serial));
-        }
-    }
-    return lines;
-}
 } // namespace
 
 Simulator::Simulator(const Options& options, QObject* parent)
     : QObject(parent)
     , m_speed(options.speed)
-    , m_words(wrenchLines(options))
     , m_port(makeTerminal(options), LineSpeed(options.baud))
     , m_simulation(options.scenario, *this, sayNote)
 {
@@ -55,9 +42,6 @@ Simulator::~Simulator() = default;
 
 bool Simulator::start(QString* error)
 {
-    for (const QString& line : m_words) {
-        sayLine(line);
-    }
     *error = open();
     if (!error->isEmpty()) {
         return false;

@@ -42,7 +42,6 @@ private:
     void pump();
 
     const double m_speed;
-    const QStringList m_words; ///< said before the first "ready"
     LinePort m_port;
     Simulation m_simulation;
     QElapsedTimer m_clock;
