@@ -10,6 +10,7 @@
 #include "cli/interrupts.h"
 #include "cli/log_lines.h"
 #include "services/language.h"
+#include "services/simulated_wrench.h"
 #include "services/translations.h"
 
 namespace {
@@ -42,7 +43,7 @@ int main(int argc, char* argv[])
     // The help and what is wrong with the command line are texts, too.
     translations::install(language::choose(languageOnCommandLine(QCoreApplication::arguments())).name);
     const QList<CliEntry> entries = allCommands();
-    const Invocation invocation = readCommandLine(QCoreApplication::arguments(), entries);
+    Invocation invocation = readCommandLine(QCoreApplication::arguments(), entries);
     Console console(stdout, stderr, invocation.isJson, mannerOf(invocation.settings));
     if (!invocation.help.isEmpty()) {
         console.line(invocation.help);
@@ -50,9 +51,13 @@ int main(int argc, char* argv[])
     }
     translations::install(language::choose(invocation.settings).name);
     log_lines::show(invocation.settings.isVerbose);
+    const std::optional<Problem> noWrench =
+        invocation.problem.what.isEmpty() ? findSimulatedWrench(invocation.settings) : std::nullopt;
     Problem problem;
     std::unique_ptr<CliCommand> command = invocation.make(console, entries, &problem);
     if (!problem.what.isEmpty()) {
+        // Why there is no wrench says more than that there is none.
+        problem = noWrench.value_or(problem);
         tellProblem(console, problem);
         return problem.exitStatus();
     }

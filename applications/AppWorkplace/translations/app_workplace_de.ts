@@ -1641,10 +1641,6 @@ Optionen aller Befehle:
 <context>
     <name>Settings</name>
     <message>
-        <source>The serial port, or &quot;simulated&quot; (the default) for a simulator of its own.</source>
-        <translation>Der serielle Anschluss, oder „simulated“ (die Vorgabe) für einen eigenen Simulator.</translation>
-    </message>
-    <message>
         <source>The serial number of the wrench.</source>
         <translation>Die Seriennummer des Schlüssels.</translation>
     </message>
@@ -1675,6 +1671,21 @@ Optionen aller Befehle:
     <message>
         <source>Also shows what is in use, all log lines, and how long it takes.</source>
         <translation>Zeigt auch, was verwendet wird, alle Protokollzeilen und die Dauer.</translation>
+    </message>
+    <message>
+        <source>The serial port, or &quot;simulated&quot; (the default) for a simulator of its own, which plays the scenario FILE when it is named.</source>
+        <translation>Der serielle Anschluss, oder „simulated“ (die Vorgabe) für einen eigenen Simulator, der das Szenario FILE spielt, wenn es genannt ist.</translation>
+    </message>
+</context>
+<context>
+    <name>SimulatedWrench</name>
+    <message>
+        <source>the scenario %1 is not used</source>
+        <translation>das Szenario %1 wird nicht verwendet</translation>
+    </message>
+    <message>
+        <source>mend the file, or name another one with --port simulated:FILE</source>
+        <translation>die Datei berichtigen oder mit --port simulated:FILE eine andere nennen</translation>
     </message>
 </context>
 <context>
@@ -1847,6 +1858,14 @@ Optionen aller Befehle:
     <message>
         <source>the device&apos;s state cannot be stored in %1: %2; name another folder with --data</source>
         <translation>der Zustand des Geräts lässt sich nicht in %1 speichern: %2; nennen Sie mit --data einen anderen Ordner</translation>
+    </message>
+    <message>
+        <source>the scenario %1 is not used</source>
+        <translation>das Szenario %1 wird nicht verwendet</translation>
+    </message>
+    <message>
+        <source>mend the file, or name another one with --port simulated:FILE</source>
+        <translation>die Datei berichtigen oder mit --port simulated:FILE eine andere nennen</translation>
     </message>
 </context>
 <context>

@@ -1641,10 +1641,6 @@ Options de toutes les commandes :
 <context>
     <name>Settings</name>
     <message>
-        <source>The serial port, or &quot;simulated&quot; (the default) for a simulator of its own.</source>
-        <translation>Le port série, ou « simulated » (par défaut) pour un simulateur propre.</translation>
-    </message>
-    <message>
         <source>The serial number of the wrench.</source>
         <translation>Le numéro de série de la clé.</translation>
     </message>
@@ -1675,6 +1671,21 @@ Options de toutes les commandes :
     <message>
         <source>Also shows what is in use, all log lines, and how long it takes.</source>
         <translation>Montre aussi ce qui est utilisé, toutes les lignes de journal et les durées.</translation>
+    </message>
+    <message>
+        <source>The serial port, or &quot;simulated&quot; (the default) for a simulator of its own, which plays the scenario FILE when it is named.</source>
+        <translation>Le port série, ou « simulated » (par défaut) pour un simulateur propre, qui joue le scénario FILE s’il est nommé.</translation>
+    </message>
+</context>
+<context>
+    <name>SimulatedWrench</name>
+    <message>
+        <source>the scenario %1 is not used</source>
+        <translation>le scénario %1 n’est pas utilisé</translation>
+    </message>
+    <message>
+        <source>mend the file, or name another one with --port simulated:FILE</source>
+        <translation>corriger le fichier, ou en nommer un autre avec --port simulated:FILE</translation>
     </message>
 </context>
 <context>
@@ -1847,6 +1858,14 @@ Options de toutes les commandes :
     <message>
         <source>the device&apos;s state cannot be stored in %1: %2; name another folder with --data</source>
         <translation>l’état de l’appareil ne peut pas être enregistré dans %1 : %2 ; indiquez un autre dossier avec --data</translation>
+    </message>
+    <message>
+        <source>the scenario %1 is not used</source>
+        <translation>le scénario %1 n’est pas utilisé</translation>
+    </message>
+    <message>
+        <source>mend the file, or name another one with --port simulated:FILE</source>
+        <translation>corriger le fichier, ou en nommer un autre avec --port simulated:FILE</translation>
     </message>
 </context>
 <context>

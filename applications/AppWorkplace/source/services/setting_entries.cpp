@@ -10,8 +10,9 @@ QString SettingEntry::shownDescription() const
 const QVector<SettingEntry>& settingEntries()
 {
     static const QVector<SettingEntry> entries = {
-        {"port", "port", "PATH|simulated",
-         QT_TRANSLATE_NOOP("Settings", "The serial port, or \"simulated\" (the default) for a simulator of its own."),
+        {"port", "port", "PATH|simulated[:FILE]",
+         QT_TRANSLATE_NOOP("Settings", "The serial port, or \"simulated\" (the default) for a simulator of its own, "
+                                       "which plays the scenario FILE when it is named."),
          &Settings::port},
         {"serialId", "serial-id", "NUMBER", QT_TRANSLATE_NOOP("Settings", "The serial number of the wrench."),
          &Settings::serialId},

@@ -17,7 +17,7 @@ struct SettingOrigin
 /// What the workplace is to use, from the command line and the configuration file.
 struct Settings
 {
-    QString port = QStringLiteral("simulated"); ///< a device file, or "simulated": a simulator of our own
+    QString port = QStringLiteral("simulated"); ///< a device file; "simulated" or "simulated:FILE": a simulator
     QString serialId;                           ///< of the wrench; empty: not said
     QString pluginFolder;                       ///< empty: the one that belongs to this program
     QString dataFolder;                         ///< empty: this user's application data
@@ -34,8 +34,16 @@ struct Settings
     /// By the path of the key: "port", "driver.baudRate". Absent: the default.
     QMap<QString, SettingOrigin> origins;
 
-    bool isSimulated() const { return port == QLatin1String("simulated"); }
+    QString simulatedSerialId = QStringLiteral("2210"); ///< of the simulator's own wrench, the first of a scenario
+
+    bool isSimulated() const
+    {
+        return port == QLatin1String("simulated") || port.startsWith(QLatin1String("simulated:"));
+    }
+    /// True: the simulator plays scenarioFile().
+    bool hasScenario() const { return isSimulated() && port.contains(QLatin1Char(':')); }
+    QString scenarioFile() const { return hasScenario() ? port.section(QLatin1Char(':'), 1) : QString(); }
 
     /// The wrench to work with: the one that is named, else the simulator's own; empty: none.
-    QString wrench() const { return serialId.isEmpty() && isSimulated() ? QStringLiteral("2210") : serialId; }
+    QString wrench() const { return serialId.isEmpty() && isSimulated() ? simulatedSerialId : serialId; }
 };

@@ -48,11 +48,24 @@ SimulatorProcess::~SimulatorProcess()
     }
 }
 
-void SimulatorProcess::start(const QString& serialId)
+QString SimulatorProcess::program()
 {
-    QStringList arguments{QStringLiteral("--exit-with-parent"), QStringLiteral("--rate"), c_resultsPerSecond};
-    if (!serialId.isEmpty()) {
-        arguments << QStringLiteral("--wrench") << serialId;
+    return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("wrench_simulator"));
+}
+
+void SimulatorProcess::start(const Settings& settings)
+{
+    QStringList arguments{QStringLiteral("--exit-with-parent")};
+    if (settings.hasScenario()) {
+        // A line that is unplugged and comes back is another terminal; under this name it is the same port.
+        m_link =
+            QDir::temp().filePath(QStringLiteral("app_workplace.%1.wrench").arg(QCoreApplication::applicationPid()));
+        arguments << QStringLiteral("--scenario") << settings.scenarioFile() << QStringLiteral("--link") << m_link;
+    } else {
+        arguments << QStringLiteral("--rate") << c_resultsPerSecond;
+        if (!settings.serialId.isEmpty()) {
+            arguments << QStringLiteral("--wrench") << settings.serialId;
+        }
     }
     QTimer::singleShot(c_readyLimitMs, this, [this] {
         if (!m_isReady) {
@@ -60,8 +73,7 @@ void SimulatorProcess::start(const QString& serialId)
                 tr("%1 has not said within %2 s that it is ready").arg(m_process.program()).arg(c_readyLimitMs / 1000));
         }
     });
-    m_process.start(QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("wrench_simulator")),
-                    arguments);
+    m_process.start(program(), arguments);
 }
 
 void SimulatorProcess::readReady()
@@ -70,7 +82,7 @@ void SimulatorProcess::readReady()
         const QByteArray line = m_process.readLine().trimmed();
         if (!m_isReady && line.startsWith(c_readyPrefix)) {
             m_isReady = true;
-            Q_EMIT sigReady(QString::fromLocal8Bit(line.mid(c_readyPrefix.size())));
+            Q_EMIT sigReady(m_link.isEmpty() ? QString::fromLocal8Bit(line.mid(c_readyPrefix.size())) : m_link);
         }
     }
 }

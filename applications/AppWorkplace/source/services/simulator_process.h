@@ -4,6 +4,8 @@
 #include <QProcess>
 #include <QString>
 
+#include "settings.h"
+
 /// A wrench simulator of our own: a process that is started for one command and ends with it, whichever way that ends.
 class SimulatorProcess : public QObject
 {
@@ -13,8 +15,11 @@ public:
     explicit SimulatorProcess(QObject* parent = nullptr);
     ~SimulatorProcess() override;
 
-    /// serialId: of the simulated wrench; empty: the simulator's own choice.
-    void start(const QString& serialId);
+    /// Plays the scenario of the settings; without one there is one wrench, of their serial number.
+    void start(const Settings& settings);
+
+    /// Where it is looked for: beside this program.
+    static QString program();
 
 Q_SIGNALS:
     /// The simulated line is there, on that port.
@@ -26,6 +31,7 @@ private:
     void readReady();
 
     QProcess m_process;
+    QString m_link;      // the name of the line that lasts; empty: its own one does. The simulator removes it
     QString m_lastWords; // the last line it wrote on standard error
     bool m_isReady = false;
 };

@@ -122,14 +122,17 @@ void Workplace::open()
     m_simulator = std::make_unique<SimulatorProcess>();
     connect(m_simulator.get(), &SimulatorProcess::sigReady, this, &Workplace::makeInstances);
     connect(m_simulator.get(), &SimulatorProcess::sigFailed, this, [this](const QString& cause) {
-        if (m_portInUse.isEmpty()) {
+        if (m_portInUse.isEmpty() && m_settings.hasScenario()) {
+            fail(tr("the scenario %1 is not used").arg(m_settings.scenarioFile()), cause,
+                 tr("mend the file, or name another one with --port simulated:FILE"));
+        } else if (m_portInUse.isEmpty()) {
             fail(tr("the simulated wrench is not there"), cause,
                  tr("build or install wrench_simulator beside this program, or name a port with --port"));
         } else {
             fail(tr("the simulated wrench has gone"), cause, tr("start again"));
         }
     });
-    m_simulator->start(m_settings.serialId);
+    m_simulator->start(m_settings);
 }
 
 void Workplace::makeInstances(const QString& port)
