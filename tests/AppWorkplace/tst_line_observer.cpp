@@ -26,6 +26,7 @@ private Q_SLOTS:
     void forgetsARefusal();
     void waitsForTheEndOfTheLine();
     void dropsALineWithoutEnd();
+    void forgetsALineThatWasCutOff();
     void survivesBeingStoppedByWhatItTells();
     void hearsNothingAfterTheStop();
 
@@ -157,6 +158,14 @@ void TestLineObserver::waitsForTheEndOfTheLine()
     say("\r");
     QCOMPARE(m_observer->lastRefusal(), QString());
     say("\n");
+    QCOMPARE(m_observer->lastRefusal(), QStringLiteral("ERR:1"));
+}
+
+void TestLineObserver::forgetsALineThatWasCutOff()
+{
+    say("RE:F:1");
+    m_observer->forgetPartialLine();
+    say("ERR:1\r\n");
     QCOMPARE(m_observer->lastRefusal(), QStringLiteral("ERR:1"));
 }
 

@@ -46,6 +46,13 @@ void LineObserver::stop()
     }
 }
 
+void LineObserver::forgetPartialLine()
+{
+    m_partialLine.clear();
+    m_lastByte = '\0';
+    m_isTooLong = false;
+}
+
 void LineObserver::receive(const QByteArray& bytes, int chunk)
 {
     m_heardBytes += bytes.size();

@@ -28,6 +28,9 @@ public:
     QString lastRefusal() const { return m_lastRefusal; }
     void forgetRefusal() { m_lastRefusal.clear(); }
 
+    /// The line has been away: what comes now is not the rest of what came before.
+    void forgetPartialLine();
+
     /// How many bytes have come so far, in lines or not.
     qint64 heardBytes() const { return m_heardBytes; }
 

@@ -25,6 +25,8 @@ const QString c_pluginMend = QStringLiteral("check the folder of the plugins wit
 constexpr char c_connected[] = "connected";
 constexpr char c_lineState[] = "lineState";
 constexpr char c_lineError[] = "lineError";
+const QString c_lostState = QStringLiteral("lost");
+const QString c_openState = QStringLiteral("open");
 
 } // namespace
 
@@ -181,6 +183,15 @@ void Session::subscribe()
     m_listener->start();
 }
 
+void Session::unsubscribe()
+{
+    if (DOrder* listener = m_listener.release()) {
+        listener->disconnect(this);
+        listener->stop();
+        listener->deleteLater(); // it may be telling us of its end
+    }
+}
+
 void Session::resultArrived(const QVariantMap& eventData)
 {
     TighteningResult result;
@@ -220,6 +231,9 @@ QVariantMap Session::presetOf(int program) const
 
 void Session::driverChanged(const QString& property)
 {
+    if (!m_isEnding && property == QLatin1String(c_lineState)) {
+        followLine(driverText(c_lineState));
+    }
     if (m_isEnding || (m_step == Step::Listen && m_order.listens)) {
         return; // then it is the supervisor's
     }
@@ -227,6 +241,21 @@ void Session::driverChanged(const QString& property)
         lineChanged(m_wrench.driver.getProperty(QLatin1String(c_connected), QVariant(false)).toBool());
     } else if (m_step == Step::Open && property == QLatin1String(c_lineError) && !driverText(c_lineError).isEmpty()) {
         failSetUp(driverText(c_lineError), QString());
+    }
+}
+
+// What had arrived of a line when the port went is not the beginning of what comes when it is back: together they would
+// be a result that no wrench has sent. So everybody who makes lines begins anew, before the first byte can come.
+void Session::followLine(const QString& state)
+{
+    if (state == c_lostState) {
+        m_isLineCutOff = true;
+    } else if (state == c_openState && std::exchange(m_isLineCutOff, false)) {
+        m_observer.forgetPartialLine();
+        if (m_listener != nullptr) {
+            unsubscribe();
+            subscribe();
+        }
     }
 }
 
@@ -287,11 +316,7 @@ void Session::end(SessionSummary::End how)
     if (m_step == Step::Listen) { // before, it may be one that was asked for and refused
         m_summary.program = m_wrench.device.getProperty(c_currentProgram, QVariant(0)).toInt();
     }
-    if (DOrder* listener = m_listener.release()) {
-        listener->disconnect(this);
-        listener->stop();
-        listener->deleteLater(); // it may be telling us of its end
-    }
+    unsubscribe();
     m_supervisor.stop();
     m_setUp.stop();
     m_observer.stop();

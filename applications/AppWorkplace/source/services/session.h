@@ -26,7 +26,7 @@
 /// stopped, the dongle hangs up, the port is closed. One session is for one run.
 ///
 /// A line that is lost before the listening fails the step that needs it. While it listens, a supervisor restores what
-/// is lost; the listener stays, and results are taken whenever they come.
+/// is lost; results are taken whenever they come.
 class Session : public QObject
 {
     Q_OBJECT
@@ -69,12 +69,14 @@ private:
     void begin(Step step);
     void lineIsOpen();
     void subscribe();
+    void unsubscribe();
     void listen();
     void resultArrived(const QVariantMap& eventData);
     void takeResult(const TighteningResult& result);
     QVariantMap presetOf(int program) const;
 
     void driverChanged(const QString& property);
+    void followLine(const QString& state);
     void lineChanged(bool isConnected);
     void openLimitReached();
     void durationIsOver();
@@ -105,6 +107,7 @@ private:
     SessionSummary m_summary;
     bool m_isEnding = false;
     bool m_isLineInTrouble = false; // before it listens
+    bool m_isLineCutOff = false;    // its port went, and is not back
     bool m_isReconnected = false;   // since the last result
     bool m_isRestoring = false;     // from a loss on
 };
