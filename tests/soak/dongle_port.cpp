@@ -1,10 +1,14 @@
 #include "dongle_port.h"
 
+#include <QFile>
+
 #include <utility>
 
 DonglePort::DonglePort(const QStringList& options, ManualClock& clock, LineRecord& record)
     : m_clock(clock), m_record(record), m_dongle(options, *this)
-{}
+{
+    DonglePort::pluggedIn();
+}
 
 DonglePort::~DonglePort()
 {
@@ -45,8 +49,17 @@ void DonglePort::chunkArrived(const QByteArray& chunk)
     });
 }
 
+void DonglePort::pluggedIn()
+{
+    QFile file(DonglePort::file());
+    if (!file.open(QIODevice::WriteOnly)) {
+        qFatal("the simulated port has no file: %s", qPrintable(file.errorString()));
+    }
+}
+
 void DonglePort::pulled()
 {
+    QFile::remove(file());
     later([this] {
         m_isOpen = false;
         m_record.entries.append({LineRecord::Kind::Pulled, m_clock.nowUs(), {}});

@@ -5,6 +5,9 @@
 #include "manual_clock.h"
 #include "simulated_dongle.h"
 
+#include <QTemporaryDir>
+
+#include <memory>
 #include <optional>
 
 /// The driver's port, with the simulated dongle at its other end and no terminal between them. What it tells, it tells
@@ -21,6 +24,8 @@ public:
     std::optional<qint64> nextDueUs() const { return m_dongle.nextDueUs(); }
     QString command(const QString& text) { return m_dongle.command(text, m_clock.nowUs()); }
     bool isPlugged() const { return m_dongle.isPlugged(); }
+    /// There while the adapter is plugged in, as that of a real one.
+    QString file() const { return m_folder.filePath(QStringLiteral("port")); }
 
     void setObserver(Observer* observer) override { m_observer = observer; }
     QString open(const LineSettings& settings) override;
@@ -32,11 +37,13 @@ public:
 private:
     void chunkArrived(const QByteArray& chunk) override;
     void pulled() override;
+    void pluggedIn() override;
     /// Does it in a turn of its own, while the port is still open as it is now.
     void later(Clock::Action action);
 
     ManualClock& m_clock;
     LineRecord& m_record;
+    QTemporaryDir m_folder;
     SimulatedDongle m_dongle;
     Observer* m_observer = nullptr;
     bool m_isOpen = false;

@@ -23,17 +23,23 @@ bool LineRecord::has(Kind kind, int from, int to) const
 
 QByteArrayList LineRecord::lines(int from, int to) const
 {
-    QByteArray text;
-    for (int i = from; i < to; ++i) {
-        if (entries.at(i).kind == Kind::Arrived) {
-            text += entries.at(i).bytes;
-        }
-    }
     QByteArrayList lines;
-    int begin = 0;
-    for (int end = text.indexOf("\r\n"); end >= 0; end = text.indexOf("\r\n", begin)) {
-        lines.append(text.mid(begin, end - begin).trimmed());
-        begin = end + 2;
+    QByteArray rest;
+    for (int i = from; i < to; ++i) {
+        const Entry& entry = entries.at(i);
+        if (entry.kind == Kind::Pulled || entry.kind == Kind::Closed) {
+            rest.clear(); // nothing that comes later belongs to it
+        }
+        if (entry.kind != Kind::Arrived) {
+            continue;
+        }
+        rest += entry.bytes;
+        int begin = 0;
+        for (int end = rest.indexOf("\r\n"); end >= 0; end = rest.indexOf("\r\n", begin)) {
+            lines.append(rest.mid(begin, end - begin).trimmed());
+            begin = end + 2;
+        }
+        rest.remove(0, begin);
     }
     return lines;
 }

@@ -17,6 +17,8 @@ constexpr qint64 c_handOverUs = 100 * c_usPerMs;
 constexpr int c_fieldsOfAResult = 7;
 constexpr int c_fieldsNeeded = 6;
 const QString c_resultMark = QStringLiteral("RE:F:");
+constexpr int c_questionsInVain = 3;
+const QByteArray c_keepAlive = QByteArrayLiteral("DI:C\r\n");
 const QByteArray c_hangUp = QByteArrayLiteral("ATH\r\n");
 
 using Kind = LineRecord::Kind;
@@ -41,23 +43,19 @@ int heardFrom(const LineRecord& record, const SessionWatch::Moment& listening)
     return listening.entries;
 }
 
-/// Where the record stood when the session stopped to take results: at its problem, else when it hung up.
-int heardUntil(const LineRecord& record, const SessionWatch& watch)
+/// Where the record stood when the session stopped to take results.
+int heardUntil(const LineRecord& record, const SessionWatch& watch, const SessionOrder& order)
 {
     if (watch.ended) {
         return watch.ended->entries;
     }
-    // A link that is restored is hung up on the way, too: the end is behind the last other frame. There are two when it
-    // ends in the middle of a search. A line that is away at the end takes no frame, and brings no lines.
-    int end = record.entries.size();
-    for (int i = end; i > watch.listening->entries; --i) {
-        const LineRecord::Entry& entry = record.entries.at(i - 1);
-        if (entry.kind == Kind::Sent && entry.bytes != c_hangUp) {
-            break;
-        }
-        end = entry.kind == Kind::Sent ? i - 1 : end;
-    }
-    return end;
+    // Then it hung up; a line that was away takes no frame, and brings no lines.
+    const qint64 endUs = watch.listenUs + order.durationMs * c_usPerMs;
+    const auto end =
+        std::find_if(record.entries.cbegin(), record.entries.cend(), [endUs](const LineRecord::Entry& entry) {
+            return entry.kind == Kind::Sent && entry.bytes == c_hangUp && entry.atUs >= endUs;
+        });
+    return static_cast<int>(end - record.entries.cbegin());
 }
 
 /// The seven fields of a result line as texts; fewer: it is none. What is behind them does not count.
@@ -156,6 +154,48 @@ bool isTrue(const QString& cause, const SimulatedWorkplace& workplace, const Ses
     }
     return false;
 }
+/// Whether the frames sent last are keep-alive frames, as many as it takes.
+bool wasAskedInVain(const LineRecord& record, int to)
+{
+    int asked = 0;
+    for (int i = to; i > 0 && asked < c_questionsInVain; --i) {
+        const LineRecord::Entry& entry = record.entries.at(i - 1);
+        if (entry.kind == Kind::Sent && entry.bytes != c_keepAlive) {
+            return false;
+        }
+        asked += entry.kind == Kind::Sent ? 1 : 0;
+    }
+    return asked == c_questionsInVain;
+}
+
+/// What is wrong with the end of a session that had come to listen and then lost its link.
+QString wrongLoss(const SimulatedWorkplace& workplace, const SessionWatch& watch, const SessionOrder& order)
+{
+    if (!watch.loss) {
+        return QStringLiteral("no link was lost");
+    }
+    const qint64 gapUs = watch.ended->atUs - watch.lossSince.atUs;
+    const bool isInTime = order.reconnects ? gapUs >= order.reconnectLimitMs * c_usPerMs : gapUs == 0;
+    if (!isInTime) {
+        return QStringLiteral("it gave up after %1 ms").arg(gapUs / c_usPerMs);
+    }
+    const LineRecord& record = workplace.record;
+    const QByteArrayList lines = record.lines(0, watch.ended->entries);
+    switch (watch.loss->cause) {
+    case LinkReport::Cause::Port:
+        return record.has(Kind::Pulled, 0, watch.ended->entries) ? QString() : QStringLiteral("no port was pulled");
+    case LinkReport::Cause::Link:
+        return lines.contains("ERR:3") ? QString() : QStringLiteral("no link was refused");
+    case LinkReport::Cause::Range:
+        return lines.contains("ERR:1") ? QString() : QStringLiteral("no wrench was out of reach");
+    case LinkReport::Cause::Silence:
+        return wasAskedInVain(record, watch.lossSince.entries) ? QString()
+                                                               : QStringLiteral("the wrench was not asked in vain");
+    case LinkReport::Cause::None:
+        break;
+    }
+    return QStringLiteral("no cause was told");
+}
 } // namespace
 
 QString wrongEnd(const SimulatedWorkplace& workplace, const SessionWatch& watch, const SessionOrder& order)
@@ -178,6 +218,12 @@ QString wrongEnd(const SimulatedWorkplace& workplace, const SessionWatch& watch,
     }
     const SessionStepText step = textOf(watch.step);
     const Problem& problem = *watch.problem;
+    if (watch.step == SessionStep::Listen) {
+        const QString wrong = wrongLoss(workplace, watch, order);
+        return wrong.isEmpty() && problem.step == step.name && !problem.cause.isEmpty()
+                   ? QString()
+                   : QStringLiteral("%1:\n  %2").arg(wrong, told(problem));
+    }
     if (problem.step != step.name || problem.what != step.failure) {
         return QStringLiteral("it ended in step %1 and named another:\n  %2").arg(step.name, told(problem));
     }
@@ -190,16 +236,16 @@ QString wrongEnd(const SimulatedWorkplace& workplace, const SessionWatch& watch,
                : QStringLiteral("the cause is not what happened:\n  %1").arg(told(problem));
 }
 
-QString wrongResults(const SimulatedWorkplace& workplace, const SessionWatch& watch)
+QString wrongResults(const SimulatedWorkplace& workplace, const SessionWatch& watch, const SessionOrder& order)
 {
     if (!watch.listening) {
         return watch.results.isEmpty() ? QString() : QStringLiteral("results without listening");
     }
     const LineRecord& record = workplace.record;
     QList<QStringList> expected =
-        resultsOnTheLine(record, heardFrom(record, *watch.listening), heardUntil(record, watch));
+        resultsOnTheLine(record, heardFrom(record, *watch.listening), heardUntil(record, watch, order));
     if (watch.summary.end == SessionSummary::End::Count) {
-        expected = expected.mid(0, watch.results.size()); // others came in the same chunk
+        expected = expected.mid(0, order.results); // others may be behind it
     }
     const int common = qMin(expected.size(), watch.results.size());
     for (int i = 0; i < common; ++i) {

@@ -13,7 +13,7 @@ struct SessionOrder;
 QString wrongEnd(const SimulatedWorkplace& workplace, const SessionWatch& watch, const SessionOrder& order);
 
 /// The results told are the result lines that arrived whole while the session listened: each once, in their order.
-QString wrongResults(const SimulatedWorkplace& workplace, const SessionWatch& watch);
+QString wrongResults(const SimulatedWorkplace& workplace, const SessionWatch& watch, const SessionOrder& order);
 
 /// The dongle was told to hang up, the port is closed, nothing runs or waits any more. Lets some time pass, in which
 /// nothing may happen.

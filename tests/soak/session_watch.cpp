@@ -10,13 +10,24 @@ SessionWatch::SessionWatch(SimulatedWorkplace& workplace, Session& session) : m_
         stepStart = now();
         if (started == SessionStep::Unlock) {
             listening = stepStart;
+        } else if (started == SessionStep::Listen) {
+            listenUs = stepStart.atUs;
         }
     });
     connect(&session, &Session::sigStepDone, this, &SessionWatch::told);
     connect(&session, &Session::sigWrenchesHeard, this, &SessionWatch::told);
     connect(&session, &Session::sigPrograms, this, &SessionWatch::told);
     connect(&session, &Session::sigSelected, this, &SessionWatch::told);
-    connect(&session, &Session::sigLink, this, &SessionWatch::told);
+    connect(&session, &Session::sigNamesakes, this, &SessionWatch::told);
+    connect(&session, &Session::sigLink, this, [this](const LinkReport& report) {
+        told();
+        if (report.kind == LinkReport::Kind::Restored) {
+            loss.reset();
+        } else if (report.kind == LinkReport::Kind::Lost && step == SessionStep::Listen) {
+            lossSince = loss ? lossSince : now();
+            loss = report;
+        }
+    });
     connect(&session, &Session::sigReady, this, &SessionWatch::told);
     connect(&session, &Session::sigResult, this, [this](const TighteningResult& result) {
         told();

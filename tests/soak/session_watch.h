@@ -32,9 +32,12 @@ public:
     SessionStep step = SessionStep::Open;
     Moment stepStart;
     std::optional<Moment> listening; ///< from here on results are listened to
-    std::optional<Moment> ended;     ///< by a problem
+    std::optional<Moment> ended;     ///< by a problem, by its last result, or as whoever ends it sets it
     std::optional<Problem> problem;
     QVector<TighteningResult> results;
+    std::optional<LinkReport> loss; ///< of the link, while it listens, and not restored
+    Moment lossSince;
+    qint64 listenUs = 0; ///< when the step of listening began
     SessionSummary summary;
     int finished = 0;
     int problems = 0;

@@ -40,6 +40,7 @@ private:
     QString open() override
     {
         m_isPlugged = true;
+        m_line.pluggedIn();
         return {};
     }
     void close() override

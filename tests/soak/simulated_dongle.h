@@ -19,8 +19,9 @@ public:
     {
     public:
         virtual void chunkArrived(const QByteArray& chunk) = 0;
-        /// The adapter has been pulled; isPlugged() tells whether it is back.
+        /// The adapter has been pulled, or is back.
         virtual void pulled() = 0;
+        virtual void pluggedIn() = 0;
 
     protected:
         ~Line() = default;

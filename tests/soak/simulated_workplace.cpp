@@ -68,6 +68,11 @@ SimulatedWorkplace::SimulatedWorkplace(const QStringList& options, const QString
 
 SimulatedWorkplace::~SimulatedWorkplace() = default;
 
+LinkedDevice SimulatedWorkplace::linked()
+{
+    return {host, clock, *device, *driver, m_port->file()};
+}
+
 bool SimulatedWorkplace::runUntil(const std::function<bool()>& condition, int limitMs)
 {
     const qint64 endUs = clock.nowUs() + limitMs * c_usPerMs;

@@ -31,7 +31,7 @@ public:
     explicit SimulatedWorkplace(const QStringList& options, const QString& traceFile = {});
     ~SimulatedWorkplace();
 
-    LinkedDevice linked() { return {host, clock, *device, *driver}; }
+    LinkedDevice linked();
     DonglePort& port() const { return *m_port; }
 
     /// Lets the time pass until the condition holds, or so many ms are over. Whether it holds.

@@ -39,6 +39,7 @@ private Q_SLOTS:
     void initTestCase();
     void session_data();
     void session();
+    void lineCutOffByAPulledAdapterIsNoResult();
     void cleanupTestCase();
 
 private:
@@ -76,6 +77,7 @@ void TestSoakSessions::session()
     if (weather.interruptMs) {
         workplace.runUntil([&] { return watch.isFinished(); }, *weather.interruptMs);
         if (!watch.isFinished()) {
+            watch.ended = watch.now();
             session.interrupt();
         }
     }
@@ -89,7 +91,7 @@ void TestSoakSessions::session()
              told(QStringLiteral("it does not end; the step is %1").arg(textOf(watch.step).name)).constData());
     QString complaint = wrongEnd(workplace, watch, weather.order);
     if (complaint.isEmpty()) {
-        complaint = wrongResults(workplace, watch);
+        complaint = wrongResults(workplace, watch, weather.order);
     }
     if (complaint.isEmpty()) {
         // What was still to happen to the simulator happens now, to a line that nobody uses.
@@ -102,6 +104,33 @@ void TestSoakSessions::session()
         ++m_succeeded;
     } else {
         ++m_failures[watch.problem->step];
+    }
+}
+
+/// At each byte of a result line.
+void TestSoakSessions::lineCutOffByAPulledAdapterIsNoResult()
+{
+    constexpr int c_nextLineMs = 100; // a line every 100 ms, its bytes 2 ms apart
+    constexpr int c_listeningMs = 3000;
+    for (int ms = 0; ms <= c_nextLineMs; ms += 2) {
+        SimulatedWorkplace workplace({QStringLiteral("--rate"), QStringLiteral("10"), QStringLiteral("--fault"),
+                                      QStringLiteral("split:1,2"), QStringLiteral("--scan-period"),
+                                      QStringLiteral("100")});
+        SessionOrder order;
+        order.serialId = QStringLiteral("2210");
+        order.durationMs = c_listeningMs;
+        order.pauseSeed = 1;
+        Session session(workplace.linked(), order);
+        SessionWatch watch(workplace, session);
+        session.start();
+        QVERIFY(workplace.runUntil([&] { return watch.results.size() == 3; }, c_patienceMs));
+        workplace.commandLater(ms, QStringLiteral("unplug"));
+        workplace.commandLater(ms + c_listeningMs / 6, QStringLiteral("replug"));
+        QVERIFY(workplace.runUntil([&] { return watch.isFinished(); }, c_patienceMs));
+        QVERIFY(watch.succeeded());
+        QVERIFY(watch.results.size() > 5);
+        const QString wrong = wrongResults(workplace, watch, order);
+        QVERIFY2(wrong.isEmpty(), qPrintable(QStringLiteral("after %1 ms: %2").arg(ms).arg(wrong)));
     }
 }
 

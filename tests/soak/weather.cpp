@@ -132,6 +132,9 @@ Weather::Weather(quint32 seed)
     }
     order.durationMs = draw.between(1000, 40000); // a wrench that has gone sends no results to count
     order.results = draw.oneIn(2) ? draw.between(1, 30) : 0;
+    order.reconnects = !draw.oneIn(5);
+    order.reconnectLimitMs = draw.between(3000, 60000);
+    order.pauseSeed = seed + 1; // 0 would be any
     if (draw.oneIn(5)) {
         interruptMs = draw.between(0, c_firstMinuteMs / 2);
     }
@@ -143,9 +146,11 @@ QString Weather::text() const
     for (const Event& event : events) {
         lines.append(QStringLiteral("after %1 ms: %2").arg(number(event.atMs), event.command));
     }
-    lines.append(QStringLiteral("session --program %1 --count %2 --duration %3%4")
+    lines.append(QStringLiteral("session --program %1 --count %2 --duration %3 ms, %4%5")
                      .arg(order.program ? number(*order.program) : QStringLiteral("-"), number(order.results),
-                          number(order.durationMs) + QStringLiteral(" ms"),
+                          number(order.durationMs),
+                          order.reconnects ? QStringLiteral("reconnecting for %1 ms").arg(order.reconnectLimitMs)
+                                           : QStringLiteral("not reconnecting"),
                           interruptMs ? QStringLiteral(", interrupted after %1 ms").arg(*interruptMs) : QString()));
     return lines.join(QStringLiteral("\n  "));
 }
