@@ -8,6 +8,7 @@
 
 #include "cli/session_json_report.h"
 #include "cli/session_text_report.h"
+#include "history/history_format.h"
 
 namespace {
 
@@ -42,6 +43,17 @@ QVariantList programs()
                         {QStringLiteral("TRQ"), QStringLiteral("118")},
                         {QStringLiteral("ANG"), QStringLiteral("105")},
                         {QStringLiteral("presetData"), preset}}};
+}
+
+HistoryRecord note(HistoryRecord::Kind kind, qint64 before, qint64 after)
+{
+    HistoryRecord record;
+    record.kind = kind;
+    record.counter = QStringLiteral("readingNumber");
+    record.countBefore = before;
+    record.countAfter = after;
+    record.repeatOf = 12;
+    return record;
 }
 
 SessionSummary summaryOf(int good, int notGood, int program)
@@ -156,6 +168,7 @@ public:
 } // namespace
 
 Q_DECLARE_METATYPE(Session::Step)
+Q_DECLARE_METATYPE(HistoryRecord)
 
 class TestSessionReports : public QObject
 {
@@ -171,6 +184,8 @@ private Q_SLOTS:
     void tellsThatItListens();
     void tellsResultsUnderTheirTitles();
     void tellsABadResult();
+    void tellsWhatIsMissing_data();
+    void tellsWhatIsMissing();
     void showsControlCharactersOfTheWrench();
     void tellsALostLineAndItsReturn();
     void tellsNothingOfTheFirstOpening();
@@ -193,6 +208,7 @@ private Q_SLOTS:
     void writesAnAttemptToCome();
     void writesARestoredLink();
     void writesNamesakes();
+    void writesAGapAndARepeat();
     void writesTheSummary();
     void writesNoProgramThatIsNotKnown();
     void forgetsWhatAFailedStepHasFound();
@@ -269,6 +285,34 @@ void TestSessionReports::tellsResultsUnderTheirTitles()
             QString(), QStringLiteral("   #    torque  status  direction  angle  status  reading  status  program"),
             QStringLiteral("   1     12.05       0          0     90       0       17       0        2  good"),
             QStringLiteral("   2     12.05       0          0     90       0       17       0        2  good")}));
+}
+
+void TestSessionReports::tellsWhatIsMissing_data()
+{
+    QTest::addColumn<HistoryRecord>("record");
+    QTest::addColumn<QString>("text");
+    const auto gap = HistoryRecord::Kind::Gap;
+    QTest::newRow("one") << note(gap, 3, 5) << QStringLiteral("gap: reading 4 is missing");
+    QTest::newRow("some") << note(gap, 3, 7) << QStringLiteral("gap: 3 readings are missing, 4 to 6");
+    QTest::newRow("fallen back") << note(gap, 9, 4)
+                                 << QStringLiteral("gap: the count of readings fell back from 9 to 4; how many are "
+                                                   "missing cannot be told");
+    HistoryRecord chunks = note(gap, 20, 23);
+    chunks.counter = QStringLiteral("eventCountNo");
+    QTest::newRow("of the input") << chunks
+                                  << QStringLiteral("gap: of the input, the chunks 21 to 22 were not heard; results "
+                                                    "may be missing");
+    QTest::newRow("repeat") << note(HistoryRecord::Kind::Repeat, 0, 0)
+                            << QStringLiteral("repeated after a reconnection, stored once (entry 12)");
+}
+
+void TestSessionReports::tellsWhatIsMissing()
+{
+    QFETCH(HistoryRecord, record);
+    QFETCH(QString, text);
+    WrittenText written;
+    written.report.note(record);
+    QCOMPARE(written.lines(), QStringList{QStringLiteral("  history    ") + text});
 }
 
 void TestSessionReports::tellsABadResult()
@@ -487,6 +531,19 @@ void TestSessionReports::writesNamesakes()
                                          {QStringLiteral("serialId"), QStringLiteral("2210")},
                                          {QStringLiteral("wrenches"), QJsonArray::fromVariantList(namesakes())},
                                          {QStringLiteral("taken"), QStringLiteral("AA:02")}}));
+}
+
+void TestSessionReports::writesAGapAndARepeat()
+{
+    HistoryRecord gap = note(HistoryRecord::Kind::Gap, 3, 7);
+    WrittenJson json;
+    json.report.note(gap);
+    QCOMPARE(json.object(), (QJsonObject{{QStringLiteral("event"), QStringLiteral("gap")},
+                                         {QStringLiteral("serialId"), QStringLiteral("2210")},
+                                         {QStringLiteral("entry"), history_format::toJson(gap)}}));
+    WrittenJson other;
+    other.report.note(note(HistoryRecord::Kind::Repeat, 0, 0));
+    QCOMPARE(other.object().value(QLatin1String("event")).toString(), QStringLiteral("repeat"));
 }
 
 void TestSessionReports::writesTheSummary()

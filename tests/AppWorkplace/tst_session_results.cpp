@@ -42,6 +42,8 @@ private Q_SLOTS:
     void tellsNoPresetOfAnUnknownProgram();
     void tellsTheFirstAfterAReconnection();
     void keepsWhatWasKnownOfAnEarlyResult();
+    void doesNotCountWhatIsDiscounted();
+    void tellsTheChunksWhileItListens();
 
 private:
     static void publish(SessionFixture& fixture, const QVariantMap& record);
@@ -193,6 +195,48 @@ void TestSessionResults::keepsWhatWasKnownOfAnEarlyResult()
                                 {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, tighten});
     fixture.start();
     QCOMPARE(fixture.shown.value(0).rawLine, c_line);
+}
+
+void TestSessionResults::doesNotCountWhatIsDiscounted()
+{
+    SessionOrder order = SessionFixture::defaultOrder();
+    order.results = 2;
+    SessionFixture fixture(order);
+    QObject::connect(fixture.session.get(), &Session::sigResult, fixture.session.get(),
+                     [&fixture](const TighteningResult& result) {
+                         if (result.eventData.value(QStringLiteral("readingNumber")).toInt() == 1) {
+                             fixture.session->discount(result);
+                         }
+                     });
+    fixture.start();
+    fixture.tighten(1);
+    fixture.tighten(2);
+    QCOMPARE(fixture.ends, 0);
+    fixture.tighten(1, QStringLiteral("2"));
+    QCOMPARE(fixture.ends, 0);
+    fixture.tighten(3, QStringLiteral("2"));
+    QCOMPARE(fixture.ends, 1);
+    QCOMPARE(fixture.summary.good, 1);
+    QCOMPARE(fixture.summary.notGood, 1);
+}
+
+void TestSessionResults::tellsTheChunksWhileItListens()
+{
+    SessionFixture fixture;
+    QList<int> chunks;
+    QObject::connect(fixture.session.get(), &Session::sigChunk, fixture.session.get(),
+                     [&chunks](int number) { chunks.append(number); });
+    // Whoever asks hears chunks that nobody else hears.
+    fixture.device->setReaction(
+        QStringLiteral("setLock"),
+        {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, [&fixture] { fixture.say("OK:1\r\n", 5); }});
+    fixture.start();
+    QCOMPARE(chunks, QList<int>());
+    fixture.say("half a li", 7);
+    SessionFixture::turn();
+    fixture.say("ne\r\n", 9);
+    SessionFixture::turn();
+    QCOMPARE(chunks, (QList<int>{7, 9}));
 }
 
 QTEST_GUILESS_MAIN(TestSessionResults)

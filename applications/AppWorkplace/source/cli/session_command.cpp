@@ -90,7 +90,7 @@ SessionCommand::SessionCommand(const CliContext& context, const SessionOrder& or
     : WorkplaceCommand(context)
     , m_order(order)
     , m_report(SessionReport::make(context.console, order.serialId))
-    , m_store(Workplace::dataFolder(context.settings))
+    , m_recording(context.settings)
 {}
 
 void SessionCommand::interrupt()
@@ -125,25 +125,13 @@ std::optional<Problem> SessionCommand::check()
 {
     m_device = m_workplace.rootWith(c_listenCommand, Workplace::Role::Device);
     if (m_device != nullptr) {
-        return openHistory();
+        return m_recording.open(m_order.serialId, QLatin1String(m_device->pluginName()));
     }
     return Problem{Problem::Kind::SetUp,
                    QStringLiteral("session"),
                    QStringLiteral("no loaded plugin has the command \"%1\"").arg(c_listenCommand),
                    {},
                    QStringLiteral("name the folder of the plugins with --plugins")};
-}
-
-std::optional<Problem> SessionCommand::openHistory()
-{
-    if (const std::optional<Problem> problem = m_store.openToWrite()) {
-        return problem;
-    }
-    const QString device = m_settings.isSimulated() ? QStringLiteral("simulated") : m_settings.port;
-    m_recorder = std::make_unique<ResultRecorder>(
-        m_store, ResultRecorder::Origin{m_order.serialId, device, QLatin1String(m_device->pluginName())});
-    // A simulated wrench is made anew for each command, and so is its count.
-    return m_settings.isSimulated() ? std::nullopt : m_recorder->continueCount();
 }
 
 void SessionCommand::begin()
@@ -157,7 +145,7 @@ void SessionCommand::begin()
     m_report->opened(m_workplace.portInUse(), m_settings.isSimulated());
     connect(session, &Session::sigStepStarted, this, [this](Session::Step step) {
         m_hasListened = step == Session::Step::Listen;
-        m_recorder->forgetChunk();
+        m_recording.recorder().forgetChunk();
         m_report->stepStarted(step);
     });
     connect(session, &Session::sigStepDone, this, [this](Session::Step step, qint64 elapsedMs) {
@@ -173,7 +161,7 @@ void SessionCommand::begin()
     connect(session, &Session::sigNamesakes, this,
             [this](const QVariantList& wrenches, const QString& taken) { m_report->namesakes(wrenches, taken); });
     connect(session, &Session::sigLink, this, [this](const LinkReport& report) {
-        m_recorder->forgetChunk(); // likewise
+        m_recording.recorder().forgetChunk(); // likewise
         m_report->link(report);
         interruptWhenUnread();
     });
@@ -190,9 +178,9 @@ void SessionCommand::begin()
 // Between the session and the report: what is shown is stored.
 void SessionCommand::record()
 {
-    ResultRecorder* recorder = m_recorder.get();
+    ResultRecorder* recorder = &m_recording.recorder();
     connect(m_session.get(), &Session::sigResult, this, [this](const TighteningResult& result) {
-        if (!m_recorder->take(result)) {
+        if (!m_recording.recorder().take(result)) {
             m_session->discount(result);
         }
     });
@@ -208,17 +196,17 @@ void SessionCommand::record()
 
 void SessionCommand::finish(SessionSummary summary)
 {
-    m_recorder->flush();
-    if (m_recorder->failure()) {
+    m_recording.recorder().flush();
+    if (m_recording.recorder().failure()) {
         if (!m_hasFailed) { // it was ending when the last results could not be stored
-            m_exitStatus = m_recorder->failure()->exitStatus();
+            m_exitStatus = m_recording.recorder().failure()->exitStatus();
             m_report->failed();
-            tell(*m_recorder->failure());
+            tell(*m_recording.recorder().failure());
         }
         summary.end = SessionSummary::End::Failure;
     }
-    summary.good = m_recorder->good();
-    summary.notGood = m_recorder->notGood();
+    summary.good = m_recording.recorder().good();
+    summary.notGood = m_recording.recorder().notGood();
     m_report->summary(summary);
     Q_EMIT sigDone(m_exitStatus);
 }

@@ -2,8 +2,7 @@
 
 #include <memory>
 
-#include "../history/history_store.h"
-#include "../history/result_recorder.h"
+#include "../history/recording.h"
 #include "../services/session.h"
 #include "../services/session_service.h"
 #include "command_line.h"
@@ -29,15 +28,13 @@ protected:
 
 private:
     void interruptWhenUnread();
-    std::optional<Problem> openHistory();
     void record();
     void finish(SessionSummary summary);
 
     SessionOrder m_order;
     const DAbstractPlugin* m_device = nullptr;
     std::unique_ptr<SessionReport> m_report;
-    HistoryStore m_store;
-    std::unique_ptr<ResultRecorder> m_recorder;
+    Recording m_recording;
     std::unique_ptr<Session> m_session;
     std::unique_ptr<SessionService> m_service;
     bool m_hasListened = false;

@@ -1,6 +1,5 @@
 #include "reading_sequence.h"
 
-#include <limits>
 #include <utility>
 
 void ReadingSequence::continueFrom(const QString& readingNumber)
@@ -26,7 +25,7 @@ ReadingSequence::Outcome ReadingSequence::take(const QStringList& reading, const
     if (!before || !m_last) {
         return {};
     }
-    const bool hasSkipped = *m_last > *before + 1;
+    const bool hasSkipped = *m_last - 1 > *before; // neither is below 0
     // A counter that begins anew, with 0 or 1, has missed nothing that could be told.
     const bool hasFallenBack = *m_last<*before&& * m_last> 1;
     return {false, hasSkipped || hasFallenBack ? std::optional<Gap>({QStringLiteral("readingNumber"), *before, *m_last})
@@ -36,8 +35,8 @@ ReadingSequence::Outcome ReadingSequence::take(const QStringList& reading, const
 std::optional<ReadingSequence::Gap> ReadingSequence::takeChunk(int number)
 {
     const std::optional<int> before = std::exchange(m_lastChunk, number);
-    // A count that has come to its end goes on with 1.
-    if (!before || number <= *before + 1 || *before == std::numeric_limits<int>::max()) {
+    // A count that has come to its end goes on with 1, and one that falls back has begun anew.
+    if (!before || qint64(number) <= qint64(*before) + 1) {
         return std::nullopt;
     }
     return Gap{QStringLiteral("eventCountNo"), *before, number};
