@@ -41,6 +41,7 @@ class TestSessionFailures : public QObject
 private Q_SLOTS:
     void failsWhenTheDeviceSaysNo_data() { addSteps(Presets::Without); }
     void failsWhenTheDeviceSaysNo();
+    void blamesThePortForWhatItCannotWrite();
     void failsAtTheTimeLimit_data() { addSteps(); }
     void failsAtTheTimeLimit();
     void waitsUntilTheTimeLimit_data() { addSteps(); }
@@ -81,6 +82,20 @@ void TestSessionFailures::failsWhenTheDeviceSaysNo()
     QCOMPARE(fixture.talk.mid(fixture.talk.size() - 2), orderlyEnd());
     QCOMPARE(fixture.ends, 1);
     QCOMPARE(fixture.summary.end, SessionSummary::End::Failure);
+}
+
+// A frame that cannot be written because the adapter was pulled is not the wrench's business.
+void TestSessionFailures::blamesThePortForWhatItCannotWrite()
+{
+    SessionFixture fixture;
+    fixture.device->setReaction(
+        QStringLiteral("setLock"),
+        {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), false}}, [&fixture] { fixture.loseLine(); }});
+    fixture.start();
+    QCOMPARE(fixture.problem.step, QStringLiteral("unlock"));
+    QCOMPARE(fixture.problem.kind, Problem::Kind::SetUp);
+    QCOMPARE(fixture.problem.cause, QStringLiteral("The port went away: plug it in."));
+    QCOMPARE(fixture.problem.mend, QString());
 }
 
 void TestSessionFailures::failsAtTheTimeLimit()

@@ -28,6 +28,10 @@ const QString c_setKeepAlive = QStringLiteral("setKeepAliveFonction");
 const QString c_frame = QStringLiteral("frame");
 const QString c_responseFrame = QStringLiteral("responseFrame");
 const QString c_address = QStringLiteral("mac");
+// Properties of the driver, and a value.
+const QString c_lineState = QStringLiteral("lineState");
+const QString c_lineError = QStringLiteral("lineError");
+const QString c_lostState = QStringLiteral("lost");
 
 } // namespace
 
@@ -320,6 +324,13 @@ void SetUp::selectionRefused(const QString& line)
 void SetUp::failStep(const QString& cause)
 {
     const SessionStepText text = textOf(m_step);
+    const auto driverText = [this](const QString& property) {
+        return m_wrench.driver.getProperty(property, QVariant()).toString();
+    };
+    if (driverText(c_lineState) == c_lostState) { // whatever the device said of it
+        fail({Problem::Kind::SetUp, text.name, text.failure, driverText(c_lineError), QString()});
+        return;
+    }
     fail({Problem::Kind::Device, text.name, text.failure, cause, text.mend});
 }
 
