@@ -18,7 +18,7 @@ QStringList fieldsOf(const QByteArray& line)
     bool isQuoted = false;
     bool wasQuoted = false;
     const auto finish = [&] {
-        fields.append(field.isEmpty() && !wasQuoted ? QString() : QString::fromUtf8(field) + QStringLiteral(""));
+        fields.append(field.isEmpty() && !wasQuoted ? QString() : QString::fromUtf8(field) + QLatin1String(""));
         field.clear();
         wasQuoted = false;
     };
@@ -122,7 +122,7 @@ void TestHistoryExport::writesTextsAsTheyWereReceived()
 void TestHistoryExport::tellsEmptyFromAbsent()
 {
     HistoryRecord record = HistoryFixture::result(1);
-    record.entries.at(HistoryRecord::ReadingStatus) = QStringLiteral("");
+    record.entries.at(HistoryRecord::ReadingStatus) = QString(QLatin1String(""));
     record.entries.at(HistoryRecord::ProgId) = QVariant();
     QVERIFY(field(record, "readingStatus").isEmpty() && !field(record, "readingStatus").isNull());
     QVERIFY(field(record, "progId").isNull());
@@ -232,7 +232,7 @@ void TestHistoryExport::readsMoments_data()
     QTest::newRow("2026-11-21 08:30:15") << false << day + 30615 * second;
     QTest::newRow("2026-11-21T08:30:15.25") << false << day + 30615 * second + 250000;
     QTest::newRow("2026-11-21T08:30:15.000001Z") << false << day + 30615 * second + 1;
-    QTest::newRow("2026-11-21T08:30+01:30") << false << day + 7 * 3600 * second;
+    QTest::newRow("2026-11-21T08:30+01:30") << false << day + Q_INT64_C(25200) * second;
     QTest::newRow("2026-11-20T20:00-04:00") << false << day;
 }
 

@@ -124,7 +124,7 @@ void TestHistoryStore::tellsTextsIntegersAndAbsentEntriesApart()
     const HistoryFixture history;
     HistoryRecord stored = HistoryFixture::result(1);
     stored.entries = {QStringLiteral(" 012.50 "),
-                      QStringLiteral(""),
+                      QString(QLatin1String("")),
                       QVariant(QString()), // a text, though Qt calls it null
                       QVariant(),
                       QString::fromUtf8("\xc3\xa9\xf0\x9f\x94\xa7"),

@@ -15,7 +15,7 @@ TighteningResult reading(int number, bool isAfterReconnection = false,
     result.eventData = {{QStringLiteral("convertedTorque"), QStringLiteral("12.05")},
                         {QStringLiteral("torqueStatus"), torqueStatus},
                         {QStringLiteral("angleStatus"), QStringLiteral("0")},
-                        {QStringLiteral("readingStatus"), QStringLiteral("")},
+                        {QStringLiteral("readingStatus"), QString(QLatin1String(""))},
                         {QStringLiteral("readingNumber"), QString::number(number)},
                         {QStringLiteral("eventCountNo"), 40 + number},
                         {QStringLiteral("progId"), 2}};

@@ -10,12 +10,9 @@ constexpr qint64 c_usPerMs = 1000;
 constexpr qint64 c_usPerSecond = 1000000;
 constexpr int c_secondDecimals = 6;
 
-const QStringList c_titlesBefore = {QStringLiteral("id"),       QStringLiteral("kind"),   QStringLiteral("arrived"),
-                                    QStringLiteral("serialId"), QStringLiteral("device"), QStringLiteral("plugin")};
-const QStringList c_titlesBehind = {
-    QStringLiteral("good"),        QStringLiteral("afterReconnection"), QStringLiteral("counter"),
-    QStringLiteral("countBefore"), QStringLiteral("countAfter"),        QStringLiteral("repeatOf"),
-    QStringLiteral("presetData"),  QStringLiteral("rawLine"),           QStringLiteral("otherEntries")};
+constexpr const char* c_titlesBefore[] = {"id", "kind", "arrived", "serialId", "device", "plugin"};
+constexpr const char* c_titlesBehind[] = {"good",     "afterReconnection", "counter", "countBefore", "countAfter",
+                                          "repeatOf", "presetData",        "rawLine", "otherEntries"};
 
 QJsonObject objectOf(const QString& json)
 {
@@ -113,11 +110,17 @@ QJsonObject history_format::toJson(const HistoryRecord& record)
 
 QByteArray history_format::csvTitles()
 {
-    QStringList titles = c_titlesBefore;
+    QStringList titles;
+    for (const char* title : c_titlesBefore) {
+        titles.append(QLatin1String(title));
+    }
     for (const char* entry : HistoryRecord::c_entryNames) {
         titles.append(QLatin1String(entry));
     }
-    return (titles + c_titlesBehind).join(QLatin1Char(',')).toUtf8() + "\r\n";
+    for (const char* title : c_titlesBehind) {
+        titles.append(QLatin1String(title));
+    }
+    return titles.join(QLatin1Char(',')).toUtf8() + "\r\n";
 }
 
 QByteArray history_format::toCsv(const HistoryRecord& record)

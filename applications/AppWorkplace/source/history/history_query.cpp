@@ -247,8 +247,8 @@ std::optional<Problem> HistoryQuery::read(QSqlQuery& query, QVector<HistoryRecor
 
 bool HistoryQuery::lookUp(qint64 origin, qint64 preset, HistoryRecord* record)
 {
-    auto knownOrigin = m_origins.constFind(origin);
-    if (knownOrigin == m_origins.constEnd()) {
+    auto knownOrigin = m_origins.find(origin);
+    if (knownOrigin == m_origins.end()) {
         QSqlQuery query = m_database.prepared(QStringLiteral("SELECT device, plugin FROM origins WHERE id = ?"));
         query.addBindValue(origin);
         if (!m_database.run(query)) {

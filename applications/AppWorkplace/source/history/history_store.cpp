@@ -42,7 +42,7 @@ QVariant null()
 /// Empty where there is none; SQLite takes a null text for no value.
 QVariant textOf(const QString& text)
 {
-    return text.isNull() ? QVariant(QStringLiteral("")) : QVariant(text);
+    return text.isNull() ? QVariant(QString(QLatin1String(""))) : QVariant(text);
 }
 
 /// A text without characters is a text, not an absent one.
