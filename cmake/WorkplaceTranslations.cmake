@@ -1,10 +1,15 @@
-# workplace_translations(<target> <name>): compiles translations/<name>_<language>.ts beside the target's sources into it,
-# as the resources ":/translations/<name>_<language>.qm". scripts/update-translations keeps the .ts files up to date.
+# workplace_translations(<target> <name> [<folder>]): compiles <folder>/<name>_<language>.ts, by default from the folder
+# "translations" of the target, into it, as the resources ":/translations/<name>_<language>.qm".
+# scripts/update-translations keeps the .ts files up to date.
 
 function(workplace_translations target name)
+  set(folder "${CMAKE_CURRENT_SOURCE_DIR}/translations")
+  if(ARGC GREATER 2)
+    set(folder "${ARGV2}")
+  endif()
   set(entries "")
   foreach(language IN ITEMS de fr)
-    set(source "${CMAKE_CURRENT_SOURCE_DIR}/translations/${name}_${language}.ts")
+    set(source "${folder}/${name}_${language}.ts")
     set(compiled "${CMAKE_CURRENT_BINARY_DIR}/${name}_${language}.qm")
     # What is unfinished is left out and shown in English; a test finds it.
     add_custom_command(OUTPUT "${compiled}"

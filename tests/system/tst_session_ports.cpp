@@ -1,6 +1,7 @@
 #include <QtTest>
 
 #include <QFile>
+#include <QTemporaryDir>
 
 #include <csignal>
 #include <unistd.h>
@@ -93,7 +94,10 @@ void TestSessionPorts::refusesAPortThatMayNotBeOpened()
     const bool isRoot = ::geteuid() == 0;
     QStringList arguments{QStringLiteral(APP_WORKPLACE)};
     arguments += sessionArguments();
-    arguments << QStringLiteral("--port") << QFile::symLinkTarget(simulator.port());
+    const QTemporaryDir store; // for whoever it is
+    QVERIFY(QFile::setPermissions(store.path(), QFile::Permissions(0x7777)));
+    arguments << QStringLiteral("--port") << QFile::symLinkTarget(simulator.port()) << QStringLiteral("--data")
+              << store.path();
     if (isRoot) {
         const QString nobody = QString::number(c_nobody);
         const QStringList asNobody{

@@ -436,7 +436,7 @@ Optionen aller Befehle:
     </message>
     <message>
         <source>ok</source>
-        <translation>in Ordnung</translation>
+        <translation>gut</translation>
     </message>
     <message>
         <source>FAILED</source>
@@ -771,6 +771,29 @@ Optionen aller Befehle:
     <message>
         <source>choose the dongle&apos;s port (&quot;app_workplace ports&quot; lists the ports), and check the dongle&apos;s power and cable</source>
         <translation>wählen Sie den Anschluss des Funkadapters („app_workplace ports“ listet die Anschlüsse auf), und prüfen Sie seine Versorgung und sein Kabel</translation>
+    </message>
+</context>
+<context>
+    <name>LineState</name>
+    <message>
+        <source>open</source>
+        <translation>offen</translation>
+    </message>
+    <message>
+        <source>closed</source>
+        <translation>geschlossen</translation>
+    </message>
+    <message>
+        <source>lost</source>
+        <translation>verloren</translation>
+    </message>
+    <message>
+        <source>no answer</source>
+        <translation>keine Antwort</translation>
+    </message>
+    <message>
+        <source>no link</source>
+        <translation>keine Funkstrecke</translation>
     </message>
 </context>
 <context>
@@ -1519,6 +1542,25 @@ Optionen aller Befehle:
     </message>
 </context>
 <context>
+    <name>Session</name>
+    <message>
+        <source>the device plugin has no command &quot;%1&quot;</source>
+        <translation>das Geräte-Plugin hat keinen Befehl „%1“</translation>
+    </message>
+    <message>
+        <source>check the folder of the plugins with --plugins</source>
+        <translation>prüfen Sie mit --plugins den Ordner der Plugins</translation>
+    </message>
+    <message>
+        <source>the listener has ended</source>
+        <translation>das Mithören hat geendet</translation>
+    </message>
+    <message>
+        <source>the driver did not say why</source>
+        <translation>der Treiber hat keinen Grund genannt</translation>
+    </message>
+</context>
+<context>
     <name>SessionCommand</name>
     <message>
         <source>Ends when the link to the wrench is lost, instead of restoring it.</source>
@@ -1526,11 +1568,55 @@ Optionen aller Befehle:
     </message>
     <message>
         <source>Ends when the link was away so long (%1 when not said, or 0).</source>
-        <translation>Endet, wenn die Verbindung so lange fehlt (%1, wenn nichts oder 0 angegeben ist).</translation>
+        <translation>Endet, wenn die Verbindung so lange fehlte (%1, wenn nicht gesagt oder 0).</translation>
     </message>
     <message>
         <source>--%1 and --%2 do not go together</source>
-        <translation>--%1 und --%2 schließen einander aus</translation>
+        <translation>--%1 und --%2 passen nicht zusammen</translation>
+    </message>
+    <message>
+        <source>which wrench is not said</source>
+        <translation>welcher Schlüssel, ist nicht gesagt</translation>
+    </message>
+    <message>
+        <source>give its serial number with --serial-id; &quot;app_workplace scan&quot; lists what is in range</source>
+        <translation>nennen Sie mit --serial-id seine Seriennummer; „app_workplace scan“ listet auf, was in Reichweite ist</translation>
+    </message>
+    <message>
+        <source>a session takes no argument &quot;%1&quot;</source>
+        <translation>eine Sitzung kennt kein Argument „%1“</translation>
+    </message>
+    <message>
+        <source>see app_workplace session --help</source>
+        <translation>siehe app_workplace session --help</translation>
+    </message>
+    <message>
+        <source>Connects to a wrench and takes its tightening results.</source>
+        <translation>Verbindet einen Schlüssel und nimmt seine Schraubergebnisse entgegen.</translation>
+    </message>
+    <message>
+        <source>Selects this program; without it the selection is left alone.</source>
+        <translation>Wählt dieses Programm aus; sonst bleibt die Auswahl, wie sie ist.</translation>
+    </message>
+    <message>
+        <source>Ends after so many results.</source>
+        <translation>Endet nach so vielen Ergebnissen.</translation>
+    </message>
+    <message>
+        <source>Ends after listening so long.</source>
+        <translation>Endet nach dieser Zeit des Empfangens.</translation>
+    </message>
+    <message>
+        <source>Time limit of each step, instead of its own.</source>
+        <translation>Zeitgrenze für jeden Schritt, statt seiner eigenen.</translation>
+    </message>
+    <message>
+        <source>no loaded plugin has the command &quot;%1&quot;</source>
+        <translation>kein geladenes Plugin hat den Befehl „%1“</translation>
+    </message>
+    <message>
+        <source>name the folder of the plugins with --plugins</source>
+        <translation>nennen Sie mit --plugins den Ordner der Plugins</translation>
     </message>
 </context>
 <context>
@@ -1542,6 +1628,61 @@ Optionen aller Befehle:
     <message>
         <source>%1 …</source>
         <translation>%1 …</translation>
+    </message>
+</context>
+<context>
+    <name>SessionStep</name>
+    <message>
+        <source>the line could not be opened</source>
+        <translation>die Leitung ließ sich nicht öffnen</translation>
+    </message>
+    <message>
+        <source>check the port and the cable; &quot;app_workplace ports&quot; lists the ports</source>
+        <translation>prüfen Sie Anschluss und Kabel; „app_workplace ports“ listet die Anschlüsse auf</translation>
+    </message>
+    <message>
+        <source>the wrench could not be connected</source>
+        <translation>der Schlüssel ließ sich nicht verbinden</translation>
+    </message>
+    <message>
+        <source>switch the wrench on, bring it near and check the serial number; &quot;app_workplace scan&quot; lists what is in range</source>
+        <translation>schalten Sie den Schlüssel ein, bringen Sie ihn näher und prüfen Sie die Seriennummer; „app_workplace scan“ listet auf, was in Reichweite ist</translation>
+    </message>
+    <message>
+        <source>the wrench could not be configured</source>
+        <translation>der Schlüssel ließ sich nicht einrichten</translation>
+    </message>
+    <message>
+        <source>bring the wrench nearer and try again</source>
+        <translation>bringen Sie den Schlüssel näher und versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>the wrench&apos;s programs could not be read</source>
+        <translation>die Programme des Schlüssels ließen sich nicht lesen</translation>
+    </message>
+    <message>
+        <source>finish the tightening that is going on, bring the wrench nearer and try again</source>
+        <translation>beenden Sie die laufende Verschraubung, bringen Sie den Schlüssel näher und versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>the program could not be selected</source>
+        <translation>das Programm ließ sich nicht auswählen</translation>
+    </message>
+    <message>
+        <source>choose one of the listed programs with --program</source>
+        <translation>wählen Sie mit --program eines der aufgelisteten Programme</translation>
+    </message>
+    <message>
+        <source>the wrench could not be unlocked</source>
+        <translation>der Schlüssel ließ sich nicht entsperren</translation>
+    </message>
+    <message>
+        <source>the results could not be listened to</source>
+        <translation>die Ergebnisse ließen sich nicht empfangen</translation>
+    </message>
+    <message>
+        <source>try again</source>
+        <translation>versuchen Sie es noch einmal</translation>
     </message>
 </context>
 <context>
@@ -1564,11 +1705,7 @@ Optionen aller Befehle:
     </message>
     <message>
         <source>%1 wrenches answer to the serial number %2: %3; %4: switch the others off, or give each a number of its own</source>
-        <translation>%1 Schlüssel melden sich mit der Seriennummer %2: %3; %4: schalten Sie die anderen aus oder geben Sie jedem eine eigene Nummer</translation>
-    </message>
-    <message>
-        <source>link</source>
-        <translation>Verbindung</translation>
+        <translation>%1 Schlüssel melden sich mit der Seriennummer %2: %3; %4: Schalten Sie die anderen aus, oder geben Sie jedem eine eigene Nummer</translation>
     </message>
     <message>
         <source>the line is open again</source>
@@ -1590,6 +1727,126 @@ Optionen aller Befehle:
         <source>restored after %1 (attempt %2)</source>
         <translation>nach %1 wiederhergestellt (Versuch %2)</translation>
     </message>
+    <message>
+        <source>torque</source>
+        <translation>Drehmoment</translation>
+    </message>
+    <message>
+        <source>status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>direction</source>
+        <translation>Richtung</translation>
+    </message>
+    <message>
+        <source>angle</source>
+        <translation>Winkel</translation>
+    </message>
+    <message>
+        <source>reading</source>
+        <translation>Messung</translation>
+    </message>
+    <message>
+        <source>program</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>Session with the wrench %1 on %2 (simulated)</source>
+        <translation>Sitzung mit dem Schlüssel %1 an %2 (simuliert)</translation>
+    </message>
+    <message>
+        <source>Session with the wrench %1 on %2</source>
+        <translation>Sitzung mit dem Schlüssel %1 an %2</translation>
+    </message>
+    <message>
+        <source>searching …</source>
+        <translation>sucht …</translation>
+    </message>
+    <message>
+        <source>reading …</source>
+        <translation>liest …</translation>
+    </message>
+    <message>
+        <source>going to the program …</source>
+        <translation>geht zum Programm …</translation>
+    </message>
+    <message>
+        <source>waiting for results; Ctrl-C ends the session</source>
+        <translation>wartet auf Ergebnisse; Strg-C beendet die Sitzung</translation>
+    </message>
+    <message>
+        <source>the line is open</source>
+        <translation>die Leitung ist offen</translation>
+    </message>
+    <message>
+        <source>the wrench answers</source>
+        <translation>der Schlüssel antwortet</translation>
+    </message>
+    <message>
+        <source>locked, results switched on</source>
+        <translation>gesperrt, Ergebnisse eingeschaltet</translation>
+    </message>
+    <message>
+        <source>ready to tighten</source>
+        <translation>bereit zum Verschrauben</translation>
+    </message>
+    <message>
+        <source>heard %1 (%2, %3 dBm)</source>
+        <translation>gehört: %1 (%2, %3 dBm)</translation>
+    </message>
+    <message>
+        <source>1 program</source>
+        <translation>1 Programm</translation>
+    </message>
+    <message>
+        <source>%1 programs</source>
+        <translation>%1 Programme</translation>
+    </message>
+    <message>
+        <source>unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>target torque</source>
+        <translation>Solldrehmoment</translation>
+    </message>
+    <message>
+        <source>program %1</source>
+        <translation>Programm %1</translation>
+    </message>
+    <message>
+        <source>good</source>
+        <translation>i.O.</translation>
+    </message>
+    <message>
+        <source>NOT GOOD</source>
+        <translation>n.i.O.</translation>
+    </message>
+    <message>
+        <source>No result</source>
+        <translation>Kein Ergebnis</translation>
+    </message>
+    <message>
+        <source>1 result: %1 good, %2 not good</source>
+        <translation>1 Ergebnis: %1 i.O., %2 n.i.O.</translation>
+    </message>
+    <message>
+        <source>%1 results: %2 good, %3 not good</source>
+        <translation>%1 Ergebnisse: %2 i.O., %3 n.i.O.</translation>
+    </message>
+    <message>
+        <source>%1; %2</source>
+        <translation>%1; %2</translation>
+    </message>
+    <message>
+        <source>%1; program %2</source>
+        <translation>%1; Programm %2</translation>
+    </message>
+    <message>
+        <source>%1; program %2 (the last one listed; none was selected)</source>
+        <translation>%1; Programm %2 (das zuletzt gelesene; keines wurde ausgewählt)</translation>
+    </message>
 </context>
 <context>
     <name>SetUp</name>
@@ -1599,7 +1856,7 @@ Optionen aller Befehle:
     </message>
     <message>
         <source>the time limit of %1 s ended it, %2</source>
-        <translation>die Zeitgrenze von %1 s hat es beendet, %2</translation>
+        <translation>die Zeitgrenze von %1 s hat ihn beendet, %2</translation>
     </message>
     <message>
         <source>there was no answer</source>
@@ -1615,7 +1872,7 @@ Optionen aller Befehle:
     </message>
     <message>
         <source>it named none</source>
-        <translation>er hat keines genannt</translation>
+        <translation>er hat keine genannt</translation>
     </message>
     <message>
         <source>the wrench has the programs 1 to %1, and %2 was asked for</source>
@@ -1623,7 +1880,7 @@ Optionen aller Befehle:
     </message>
     <message>
         <source>the frame could not be written</source>
-        <translation>der Befehl konnte nicht geschrieben werden</translation>
+        <translation>das Telegramm ließ sich nicht schreiben</translation>
     </message>
     <message>
         <source>the driver does not keep the link alive</source>
@@ -1777,16 +2034,44 @@ Optionen aller Befehle:
         <source>export</source>
         <translation>Export</translation>
     </message>
+    <message>
+        <source>plugins</source>
+        <translation>Plugins</translation>
+    </message>
+    <message>
+        <source>port</source>
+        <translation>Anschluss</translation>
+    </message>
+    <message>
+        <source>line</source>
+        <translation>Leitung</translation>
+    </message>
+    <message>
+        <source>dongle</source>
+        <translation>Adapter</translation>
+    </message>
+    <message>
+        <source>range</source>
+        <translation>Reichweite</translation>
+    </message>
+    <message>
+        <source>wrench</source>
+        <translation>Schlüssel</translation>
+    </message>
+    <message>
+        <source>results</source>
+        <translation>Ergebnisse</translation>
+    </message>
 </context>
 <context>
     <name>Supervisor</name>
     <message>
         <source>the dongle cannot reach the wrench %1 (&quot;%2&quot;): bring it near and check that it is switched on</source>
-        <translation>der Dongle erreicht den Schlüssel %1 nicht („%2“): bringen Sie ihn näher heran und prüfen Sie, ob er eingeschaltet ist</translation>
+        <translation>der Funkadapter erreicht den Schlüssel %1 nicht („%2“): Bringen Sie ihn näher, und prüfen Sie, ob er eingeschaltet ist</translation>
     </message>
     <message>
         <source>the dongle has lost its link to the wrench %1 (&quot;%2&quot;)</source>
-        <translation>der Dongle hat seine Verbindung zum Schlüssel %1 verloren („%2“)</translation>
+        <translation>der Funkadapter hat die Funkstrecke zum Schlüssel %1 verloren („%2“)</translation>
     </message>
     <message>
         <source>the link to the wrench %1 was not restored within %2 s</source>

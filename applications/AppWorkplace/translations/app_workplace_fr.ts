@@ -774,6 +774,29 @@ Options de toutes les commandes :
     </message>
 </context>
 <context>
+    <name>LineState</name>
+    <message>
+        <source>open</source>
+        <translation>ouverte</translation>
+    </message>
+    <message>
+        <source>closed</source>
+        <translation>fermée</translation>
+    </message>
+    <message>
+        <source>lost</source>
+        <translation>perdue</translation>
+    </message>
+    <message>
+        <source>no answer</source>
+        <translation>pas de réponse</translation>
+    </message>
+    <message>
+        <source>no link</source>
+        <translation>pas de liaison</translation>
+    </message>
+</context>
+<context>
     <name>LinkStage</name>
     <message>
         <source>the radio link to the wrench opens</source>
@@ -1519,6 +1542,25 @@ Options de toutes les commandes :
     </message>
 </context>
 <context>
+    <name>Session</name>
+    <message>
+        <source>the device plugin has no command &quot;%1&quot;</source>
+        <translation>le module d’appareil n’a pas de commande « %1 »</translation>
+    </message>
+    <message>
+        <source>check the folder of the plugins with --plugins</source>
+        <translation>vérifiez le dossier des modules avec --plugins</translation>
+    </message>
+    <message>
+        <source>the listener has ended</source>
+        <translation>l’écoute s’est terminée</translation>
+    </message>
+    <message>
+        <source>the driver did not say why</source>
+        <translation>le pilote n’a pas dit pourquoi</translation>
+    </message>
+</context>
+<context>
     <name>SessionCommand</name>
     <message>
         <source>Ends when the link to the wrench is lost, instead of restoring it.</source>
@@ -1526,11 +1568,55 @@ Options de toutes les commandes :
     </message>
     <message>
         <source>Ends when the link was away so long (%1 when not said, or 0).</source>
-        <translation>Se termine quand la liaison a manqué aussi longtemps (%1 sans indication, ou avec 0).</translation>
+        <translation>Se termine quand la liaison a manqué ce temps-là (%1 si non indiqué, ou 0).</translation>
     </message>
     <message>
         <source>--%1 and --%2 do not go together</source>
-        <translation>--%1 et --%2 s’excluent</translation>
+        <translation>--%1 et --%2 ne vont pas ensemble</translation>
+    </message>
+    <message>
+        <source>which wrench is not said</source>
+        <translation>la clé n’est pas indiquée</translation>
+    </message>
+    <message>
+        <source>give its serial number with --serial-id; &quot;app_workplace scan&quot; lists what is in range</source>
+        <translation>indiquez son numéro de série avec --serial-id ; « app_workplace scan » liste ce qui est à portée</translation>
+    </message>
+    <message>
+        <source>a session takes no argument &quot;%1&quot;</source>
+        <translation>une session n’accepte pas l’argument « %1 »</translation>
+    </message>
+    <message>
+        <source>see app_workplace session --help</source>
+        <translation>voir app_workplace session --help</translation>
+    </message>
+    <message>
+        <source>Connects to a wrench and takes its tightening results.</source>
+        <translation>Connecte une clé et reçoit ses résultats de serrage.</translation>
+    </message>
+    <message>
+        <source>Selects this program; without it the selection is left alone.</source>
+        <translation>Sélectionne ce programme ; sinon la sélection reste telle quelle.</translation>
+    </message>
+    <message>
+        <source>Ends after so many results.</source>
+        <translation>Se termine après autant de résultats.</translation>
+    </message>
+    <message>
+        <source>Ends after listening so long.</source>
+        <translation>Se termine après ce temps d’écoute.</translation>
+    </message>
+    <message>
+        <source>Time limit of each step, instead of its own.</source>
+        <translation>Limite de temps de chaque étape, au lieu de la sienne.</translation>
+    </message>
+    <message>
+        <source>no loaded plugin has the command &quot;%1&quot;</source>
+        <translation>aucun module chargé n’a la commande « %1 »</translation>
+    </message>
+    <message>
+        <source>name the folder of the plugins with --plugins</source>
+        <translation>indiquez le dossier des modules avec --plugins</translation>
     </message>
 </context>
 <context>
@@ -1542,6 +1628,61 @@ Options de toutes les commandes :
     <message>
         <source>%1 …</source>
         <translation>%1 …</translation>
+    </message>
+</context>
+<context>
+    <name>SessionStep</name>
+    <message>
+        <source>the line could not be opened</source>
+        <translation>la ligne n’a pas pu être ouverte</translation>
+    </message>
+    <message>
+        <source>check the port and the cable; &quot;app_workplace ports&quot; lists the ports</source>
+        <translation>vérifiez le port et le câble ; « app_workplace ports » liste les ports</translation>
+    </message>
+    <message>
+        <source>the wrench could not be connected</source>
+        <translation>la clé n’a pas pu être connectée</translation>
+    </message>
+    <message>
+        <source>switch the wrench on, bring it near and check the serial number; &quot;app_workplace scan&quot; lists what is in range</source>
+        <translation>allumez la clé, rapprochez-la et vérifiez le numéro de série ; « app_workplace scan » liste ce qui est à portée</translation>
+    </message>
+    <message>
+        <source>the wrench could not be configured</source>
+        <translation>la clé n’a pas pu être réglée</translation>
+    </message>
+    <message>
+        <source>bring the wrench nearer and try again</source>
+        <translation>rapprochez la clé et réessayez</translation>
+    </message>
+    <message>
+        <source>the wrench&apos;s programs could not be read</source>
+        <translation>les programmes de la clé n’ont pas pu être lus</translation>
+    </message>
+    <message>
+        <source>finish the tightening that is going on, bring the wrench nearer and try again</source>
+        <translation>terminez le serrage en cours, rapprochez la clé et réessayez</translation>
+    </message>
+    <message>
+        <source>the program could not be selected</source>
+        <translation>le programme n’a pas pu être sélectionné</translation>
+    </message>
+    <message>
+        <source>choose one of the listed programs with --program</source>
+        <translation>choisissez avec --program un des programmes de la liste</translation>
+    </message>
+    <message>
+        <source>the wrench could not be unlocked</source>
+        <translation>la clé n’a pas pu être déverrouillée</translation>
+    </message>
+    <message>
+        <source>the results could not be listened to</source>
+        <translation>les résultats n’ont pas pu être reçus</translation>
+    </message>
+    <message>
+        <source>try again</source>
+        <translation>réessayez</translation>
     </message>
 </context>
 <context>
@@ -1564,11 +1705,7 @@ Options de toutes les commandes :
     </message>
     <message>
         <source>%1 wrenches answer to the serial number %2: %3; %4: switch the others off, or give each a number of its own</source>
-        <translation>%1 clés répondent au numéro de série %2 : %3 ; %4 : éteignez les autres ou donnez à chacune son propre numéro</translation>
-    </message>
-    <message>
-        <source>link</source>
-        <translation>liaison</translation>
+        <translation>%1 clés répondent au numéro de série %2 : %3 ; %4 : éteignez les autres, ou donnez à chacune son propre numéro</translation>
     </message>
     <message>
         <source>the line is open again</source>
@@ -1590,6 +1727,126 @@ Options de toutes les commandes :
         <source>restored after %1 (attempt %2)</source>
         <translation>rétablie après %1 (essai %2)</translation>
     </message>
+    <message>
+        <source>torque</source>
+        <translation>couple</translation>
+    </message>
+    <message>
+        <source>status</source>
+        <translation>état</translation>
+    </message>
+    <message>
+        <source>direction</source>
+        <translation>sens</translation>
+    </message>
+    <message>
+        <source>angle</source>
+        <translation>angle</translation>
+    </message>
+    <message>
+        <source>reading</source>
+        <translation>mesure</translation>
+    </message>
+    <message>
+        <source>program</source>
+        <translation>programme</translation>
+    </message>
+    <message>
+        <source>Session with the wrench %1 on %2 (simulated)</source>
+        <translation>Session avec la clé %1 sur %2 (simulée)</translation>
+    </message>
+    <message>
+        <source>Session with the wrench %1 on %2</source>
+        <translation>Session avec la clé %1 sur %2</translation>
+    </message>
+    <message>
+        <source>searching …</source>
+        <translation>recherche …</translation>
+    </message>
+    <message>
+        <source>reading …</source>
+        <translation>lecture …</translation>
+    </message>
+    <message>
+        <source>going to the program …</source>
+        <translation>passage au programme …</translation>
+    </message>
+    <message>
+        <source>waiting for results; Ctrl-C ends the session</source>
+        <translation>attend les résultats ; Ctrl-C termine la session</translation>
+    </message>
+    <message>
+        <source>the line is open</source>
+        <translation>la ligne est ouverte</translation>
+    </message>
+    <message>
+        <source>the wrench answers</source>
+        <translation>la clé répond</translation>
+    </message>
+    <message>
+        <source>locked, results switched on</source>
+        <translation>verrouillée, résultats activés</translation>
+    </message>
+    <message>
+        <source>ready to tighten</source>
+        <translation>prête à serrer</translation>
+    </message>
+    <message>
+        <source>heard %1 (%2, %3 dBm)</source>
+        <translation>entendue : %1 (%2, %3 dBm)</translation>
+    </message>
+    <message>
+        <source>1 program</source>
+        <translation>1 programme</translation>
+    </message>
+    <message>
+        <source>%1 programs</source>
+        <translation>%1 programmes</translation>
+    </message>
+    <message>
+        <source>unit</source>
+        <translation>unité</translation>
+    </message>
+    <message>
+        <source>target torque</source>
+        <translation>couple visé</translation>
+    </message>
+    <message>
+        <source>program %1</source>
+        <translation>programme %1</translation>
+    </message>
+    <message>
+        <source>good</source>
+        <translation>conforme</translation>
+    </message>
+    <message>
+        <source>NOT GOOD</source>
+        <translation>NON CONFORME</translation>
+    </message>
+    <message>
+        <source>No result</source>
+        <translation>Aucun résultat</translation>
+    </message>
+    <message>
+        <source>1 result: %1 good, %2 not good</source>
+        <translation>1 résultat : %1 conforme, %2 non conforme</translation>
+    </message>
+    <message>
+        <source>%1 results: %2 good, %3 not good</source>
+        <translation>%1 résultats : %2 conformes, %3 non conformes</translation>
+    </message>
+    <message>
+        <source>%1; %2</source>
+        <translation>%1 ; %2</translation>
+    </message>
+    <message>
+        <source>%1; program %2</source>
+        <translation>%1 ; programme %2</translation>
+    </message>
+    <message>
+        <source>%1; program %2 (the last one listed; none was selected)</source>
+        <translation>%1 ; programme %2 (le dernier lu ; aucun n’a été sélectionné)</translation>
+    </message>
 </context>
 <context>
     <name>SetUp</name>
@@ -1599,7 +1856,7 @@ Options de toutes les commandes :
     </message>
     <message>
         <source>the time limit of %1 s ended it, %2</source>
-        <translation>la limite de %1 s y a mis fin, %2</translation>
+        <translation>la limite de %1 s l’a arrêtée, %2</translation>
     </message>
     <message>
         <source>there was no answer</source>
@@ -1607,7 +1864,7 @@ Options de toutes les commandes :
     </message>
     <message>
         <source>the device plugin refused &quot;%1&quot;</source>
-        <translation>le plugin de l’appareil a refusé « %1 »</translation>
+        <translation>le module d’appareil a refusé « %1 »</translation>
     </message>
     <message>
         <source>it refused</source>
@@ -1777,16 +2034,44 @@ Options de toutes les commandes :
         <source>export</source>
         <translation>export</translation>
     </message>
+    <message>
+        <source>plugins</source>
+        <translation>modules</translation>
+    </message>
+    <message>
+        <source>port</source>
+        <translation>port</translation>
+    </message>
+    <message>
+        <source>line</source>
+        <translation>ligne</translation>
+    </message>
+    <message>
+        <source>dongle</source>
+        <translation>adaptateur</translation>
+    </message>
+    <message>
+        <source>range</source>
+        <translation>portée</translation>
+    </message>
+    <message>
+        <source>wrench</source>
+        <translation>clé</translation>
+    </message>
+    <message>
+        <source>results</source>
+        <translation>résultats</translation>
+    </message>
 </context>
 <context>
     <name>Supervisor</name>
     <message>
         <source>the dongle cannot reach the wrench %1 (&quot;%2&quot;): bring it near and check that it is switched on</source>
-        <translation>le dongle n’atteint pas la clé %1 (« %2 ») : rapprochez-la et vérifiez qu’elle est allumée</translation>
+        <translation>l’adaptateur radio n’atteint pas la clé %1 (« %2 ») : rapprochez-la et vérifiez qu’elle est allumée</translation>
     </message>
     <message>
         <source>the dongle has lost its link to the wrench %1 (&quot;%2&quot;)</source>
-        <translation>le dongle a perdu sa liaison avec la clé %1 (« %2 »)</translation>
+        <translation>l’adaptateur radio a perdu sa liaison avec la clé %1 (« %2 »)</translation>
     </message>
     <message>
         <source>the link to the wrench %1 was not restored within %2 s</source>
@@ -1798,7 +2083,7 @@ Options de toutes les commandes :
     </message>
     <message>
         <source>mend that and start again; without --no-reconnect a session restores its link itself</source>
-        <translation>remédiez-y et relancez ; sans --no-reconnect, une session rétablit elle-même sa liaison</translation>
+        <translation>réparez cela et recommencez ; sans --no-reconnect, une session rétablit elle-même sa liaison</translation>
     </message>
     <message>
         <source>%1: %2</source>

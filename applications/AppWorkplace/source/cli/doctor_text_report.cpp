@@ -2,9 +2,11 @@
 
 #include <QCoreApplication>
 
+#include "../services/step_name.h"
+
 namespace {
 
-constexpr int c_nameWidth = 9;
+constexpr int c_nameWidth = 10;
 constexpr int c_wordWidth = 8;
 
 QString translated(const char* text)
@@ -19,7 +21,7 @@ void DoctorTextReport::stageStarted(const DoctorStageText& stage)
     if (!stage.sends.isEmpty()) {
         line(stage.name, translated(QT_TRANSLATE_NOOP("DoctorTextReport", "sends")), stage.sends);
     }
-    m_console.progress(QStringLiteral("  %1 %2 …").arg(stage.name, -c_nameWidth).arg(stage.checks));
+    m_console.progress(QStringLiteral("  %1 %2 …").arg(shownStep(stage.name), -c_nameWidth).arg(stage.checks));
 }
 
 void DoctorTextReport::notice(const QString& stage, const QString& text)
@@ -60,7 +62,9 @@ void DoctorTextReport::summary(const DoctorSummary& summary)
 
 void DoctorTextReport::line(const QString& stage, const QString& word, const QString& text, bool isAlarming)
 {
-    const QString shown =
-        QStringLiteral("  %1 %2 %3").arg(stage, -c_nameWidth).arg(word, -c_wordWidth).arg(Console::visible(text));
+    const QString shown = QStringLiteral("  %1 %2 %3")
+                              .arg(shownStep(stage), -c_nameWidth)
+                              .arg(word, -c_wordWidth)
+                              .arg(Console::visible(text));
     m_console.line(isAlarming ? m_console.alarming(shown) : shown);
 }

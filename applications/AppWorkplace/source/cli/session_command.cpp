@@ -19,20 +19,20 @@ std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
     SessionOrder order;
     order.serialId = context.settings.wrench();
     if (order.serialId.isEmpty()) {
-        *problem = {
-            Problem::Kind::Usage,
-            QStringLiteral("command line"),
-            QStringLiteral("which wrench is not said"),
-            {},
-            QStringLiteral("give its serial number with --serial-id; \"app_workplace scan\" lists what is in range")};
+        *problem = {Problem::Kind::Usage,
+                    QStringLiteral("command line"),
+                    SessionCommand::tr("which wrench is not said"),
+                    {},
+                    SessionCommand::tr(
+                        "give its serial number with --serial-id; \"app_workplace scan\" lists what is in range")};
         return nullptr;
     }
     if (!context.arguments.isEmpty()) {
         *problem = {Problem::Kind::Usage,
                     QStringLiteral("command line"),
-                    QStringLiteral("a session takes no argument \"%1\"").arg(context.arguments.first()),
+                    SessionCommand::tr("a session takes no argument \"%1\"").arg(context.arguments.first()),
                     {},
-                    QStringLiteral("see app_workplace session --help")};
+                    SessionCommand::tr("see app_workplace session --help")};
         return nullptr;
     }
     if (options.isSet(QStringLiteral("program"))) {
@@ -45,10 +45,9 @@ std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
     if (!order.reconnects && options.isSet(c_reconnectLimit)) {
         *problem = {Problem::Kind::Usage,
                     QStringLiteral("command line"),
-                    QCoreApplication::translate("SessionCommand", "--%1 and --%2 do not go together")
-                        .arg(c_noReconnect, c_reconnectLimit),
+                    SessionCommand::tr("--%1 and --%2 do not go together").arg(c_noReconnect, c_reconnectLimit),
                     {},
-                    QStringLiteral("see app_workplace session --help")};
+                    SessionCommand::tr("see app_workplace session --help")};
     }
     order.stepLimitMs = secondsOption(options, QStringLiteral("limit"), 1, problem);
     return std::make_unique<SessionCommand>(context, order);
@@ -66,24 +65,21 @@ std::unique_ptr<SessionReport> SessionReport::make(Console& console, const QStri
 
 CliEntry SessionCommand::entry()
 {
-    return {
-        QStringLiteral("session"),
-        {},
-        QStringLiteral("Connects to a wrench and takes its tightening results."),
-        {{QStringLiteral("program"), QStringLiteral("Selects this program; without it the selection is left alone."),
-          QStringLiteral("N")},
-         {QStringLiteral("count"), QStringLiteral("Ends after so many results."), QStringLiteral("N")},
-         {QStringLiteral("duration"), QStringLiteral("Ends after listening so long."), QStringLiteral("SECONDS")},
-         {QStringLiteral("limit"), QStringLiteral("Time limit of each step, instead of its own."),
-          QStringLiteral("SECONDS")},
-         {c_noReconnect, QCoreApplication::translate(
-                             "SessionCommand", "Ends when the link to the wrench is lost, instead of restoring it.")},
-         {c_reconnectLimit,
-          QCoreApplication::translate("SessionCommand", "Ends when the link was away so long (%1 when not said, or 0).")
-              .arg(Supervisor::c_defaultLimitMs / c_millisecondsPerSecond),
-          QStringLiteral("SECONDS")}},
-        &make,
-        true};
+    return {QStringLiteral("session"),
+            {},
+            tr("Connects to a wrench and takes its tightening results."),
+            {{QStringLiteral("program"), tr("Selects this program; without it the selection is left alone."),
+              QStringLiteral("N")},
+             {QStringLiteral("count"), tr("Ends after so many results."), QStringLiteral("N")},
+             {QStringLiteral("duration"), tr("Ends after listening so long."), QStringLiteral("SECONDS")},
+             {QStringLiteral("limit"), tr("Time limit of each step, instead of its own."), QStringLiteral("SECONDS")},
+             {c_noReconnect, tr("Ends when the link to the wrench is lost, instead of restoring it.")},
+             {c_reconnectLimit,
+              tr("Ends when the link was away so long (%1 when not said, or 0).")
+                  .arg(Supervisor::c_defaultLimitMs / c_millisecondsPerSecond),
+              QStringLiteral("SECONDS")}},
+            &make,
+            true};
 }
 
 SessionCommand::SessionCommand(const CliContext& context, const SessionOrder& order)
@@ -129,9 +125,9 @@ std::optional<Problem> SessionCommand::check()
     }
     return Problem{Problem::Kind::SetUp,
                    QStringLiteral("session"),
-                   QStringLiteral("no loaded plugin has the command \"%1\"").arg(c_listenCommand),
+                   tr("no loaded plugin has the command \"%1\"").arg(c_listenCommand),
                    {},
-                   QStringLiteral("name the folder of the plugins with --plugins")};
+                   tr("name the folder of the plugins with --plugins")};
 }
 
 void SessionCommand::begin()

@@ -1,9 +1,11 @@
 #include "session_text_report.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 
 #include <utility>
 
+#include "../services/step_name.h"
 #include "../services/verdict.h"
 #include "results_report.h"
 
@@ -16,7 +18,7 @@ constexpr double c_millisecondsPerSecond = 1000;
 
 QString seconds(qint64 milliseconds)
 {
-    return QStringLiteral("%1 s").arg(double(milliseconds) / c_millisecondsPerSecond, 0, 'f', 2);
+    return QStringLiteral("%1 s").arg(QLocale().toString(double(milliseconds) / c_millisecondsPerSecond, 'f', 2));
 }
 
 QString text(const QVariantMap& map, const char* key)
@@ -30,50 +32,51 @@ SessionTextReport::SessionTextReport(Console& console, const QString& serialId)
     : m_console(console)
     , m_serialId(serialId)
     , m_results({{QStringLiteral("#"), true, 4},
-                 {QStringLiteral("torque"), true, 8},
-                 {QStringLiteral("status"), true},
-                 {QStringLiteral("direction"), true},
-                 {QStringLiteral("angle"), true},
-                 {QStringLiteral("status"), true},
-                 {QStringLiteral("reading"), true},
-                 {QStringLiteral("status"), true},
-                 {QStringLiteral("program"), true},
+                 {tr("torque"), true, 8},
+                 {tr("status"), true},
+                 {tr("direction"), true},
+                 {tr("angle"), true},
+                 {tr("status"), true},
+                 {tr("reading"), true},
+                 {tr("status"), true},
+                 {tr("program"), true},
                  {QString()}})
 {}
 
 void SessionTextReport::opened(const QString& port, bool isSimulated)
 {
-    m_console.detail(QStringLiteral("Session with the wrench %1 on %2%3")
-                         .arg(Console::visible(m_serialId), Console::visible(port),
-                              isSimulated ? QStringLiteral(" (simulated)") : QString()));
+    m_console.detail(
+        (isSimulated ? tr("Session with the wrench %1 on %2 (simulated)") : tr("Session with the wrench %1 on %2"))
+            .arg(Console::visible(m_serialId), Console::visible(port)));
 }
 
 void SessionTextReport::stepStarted(Session::Step started)
 {
     static const QMap<Session::Step, QString> texts = {
-        {Session::Step::Connect, QStringLiteral("searching …")},
-        {Session::Step::Programs, QStringLiteral("reading …")},
-        {Session::Step::Select, QStringLiteral("going to the program …")},
+        {Session::Step::Connect, tr("searching …")},
+        {Session::Step::Programs, tr("reading …")},
+        {Session::Step::Select, tr("going to the program …")},
     };
     if (started == Session::Step::Listen) {
-        step(textOf(started).name, QStringLiteral("waiting for results; Ctrl-C ends the session"));
+        step(shownStep(textOf(started).name), tr("waiting for results; Ctrl-C ends the session"));
     } else {
-        m_console.progress(stepLine(textOf(started).name, texts.value(started, QStringLiteral("…"))));
+        m_console.progress(stepLine(shownStep(textOf(started).name), texts.value(started, QStringLiteral("…"))));
     }
 }
 
 void SessionTextReport::stepDone(Session::Step done, qint64 elapsedMs)
 {
     static const QMap<Session::Step, QString> texts = {
-        {Session::Step::Open, QStringLiteral("the line is open")},
-        {Session::Step::Connect, QStringLiteral("the wrench answers")},
-        {Session::Step::Configure, QStringLiteral("locked, results switched on")},
-        {Session::Step::Unlock, QStringLiteral("ready to tighten")},
+        {Session::Step::Open, tr("the line is open")},
+        {Session::Step::Connect, tr("the wrench answers")},
+        {Session::Step::Configure, tr("locked, results switched on")},
+        {Session::Step::Unlock, tr("ready to tighten")},
     };
     const QString said = m_stepText.isEmpty() ? texts.value(done) : m_stepText;
     m_stepText.clear();
     m_console.progress({});
-    step(textOf(done).name, said.leftJustified(c_textWidth) + seconds(elapsedMs).rightJustified(c_timeWidth));
+    step(shownStep(textOf(done).name),
+         said.leftJustified(c_textWidth) + seconds(elapsedMs).rightJustified(c_timeWidth));
 }
 
 void SessionTextReport::wrenchesHeard(const QVariantList& wrenches)
@@ -84,19 +87,15 @@ void SessionTextReport::wrenchesHeard(const QVariantList& wrenches)
         const QString address = text(fields, "mac");
         if (!m_heard.contains({serialId, address})) { // a wandering signal strength is no news
             m_heard.append({serialId, address});
-            step(QString(), QStringLiteral("heard %1 (%2, %3 dBm)").arg(serialId, address, text(fields, "rssi")));
+            step(QString(), tr("heard %1 (%2, %3 dBm)").arg(serialId, address, text(fields, "rssi")));
         }
     }
 }
 
 void SessionTextReport::programs(const QVariantList& programs)
 {
-    m_stepText =
-        programs.size() == 1 ? QStringLiteral("1 program") : QStringLiteral("%1 programs").arg(programs.size());
-    TextTable table({{QStringLiteral("program"), true},
-                     {QStringLiteral("unit")},
-                     {QStringLiteral("target torque"), true},
-                     {QStringLiteral("angle"), true}});
+    m_stepText = programs.size() == 1 ? tr("1 program") : tr("%1 programs").arg(programs.size());
+    TextTable table({{tr("program"), true}, {tr("unit")}, {tr("target torque"), true}, {tr("angle"), true}});
     for (const QVariant& program : programs) {
         const QVariantMap fields = program.toMap();
         table.addRow({text(fields, "progId"), text(fields.value(QStringLiteral("presetData")).toMap(), "unit"),
@@ -112,7 +111,7 @@ void SessionTextReport::selected(int program, const QVariantMap& preset)
 {
     Q_UNUSED(preset)
     m_isSelected = true;
-    m_stepText = QStringLiteral("program %1").arg(program);
+    m_stepText = tr("program %1").arg(program);
 }
 
 void SessionTextReport::result(const QVariantMap& eventData)
@@ -123,17 +122,17 @@ void SessionTextReport::result(const QVariantMap& eventData)
     }
     ++m_shown;
     const bool good = isGood(eventData);
-    const QString line = m_results.rowLine(
-        {QString::number(m_shown), text(eventData, "convertedTorque"), text(eventData, "torqueStatus"),
-         text(eventData, "direction"), text(eventData, "snugTorqueAngle"), text(eventData, "angleStatus"),
-         text(eventData, "readingNumber"), text(eventData, "readingStatus"), text(eventData, "progId"),
-         good ? QStringLiteral("good") : QStringLiteral("NOT GOOD")});
+    const QString line = m_results.rowLine({QString::number(m_shown), text(eventData, "convertedTorque"),
+                                            text(eventData, "torqueStatus"), text(eventData, "direction"),
+                                            text(eventData, "snugTorqueAngle"), text(eventData, "angleStatus"),
+                                            text(eventData, "readingNumber"), text(eventData, "readingStatus"),
+                                            text(eventData, "progId"), good ? tr("good") : tr("NOT GOOD")});
     m_console.line(good ? line : m_console.alarming(line));
 }
 
 void SessionTextReport::note(const HistoryRecord& note)
 {
-    m_console.line(m_console.alarming(stepLine(QStringLiteral("history"), historyNoteText(note))));
+    m_console.line(m_console.alarming(stepLine(shownStep(QStringLiteral("history")), historyNoteText(note))));
 }
 
 void SessionTextReport::namesakes(const QVariantList& wrenches, const QString& taken)
@@ -152,7 +151,7 @@ void SessionTextReport::namesakes(const QVariantList& wrenches, const QString& t
 
 void SessionTextReport::link(const LinkReport& report)
 {
-    const QString name = tr("link");
+    const QString name = shownStep(QStringLiteral("link"));
     const double pauseSeconds = report.pauseMs / c_millisecondsPerSecond;
     m_console.progress({});
     switch (report.kind) {
@@ -163,10 +162,12 @@ void SessionTextReport::link(const LinkReport& report)
         break;
     case LinkReport::Kind::Lost:
         m_isLineInTrouble = true;
-        alarm(name, tr("%1: %2").arg(report.state, report.message));
+        alarm(name, tr("%1: %2").arg(shownLineState(report.state), report.message));
         break;
     case LinkReport::Kind::Waiting:
-        step(name, tr("attempt %1 in %2 s; %3").arg(report.attempt).arg(pauseSeconds, 0, 'f', 1).arg(report.message));
+        step(name, tr("attempt %1 in %2 s; %3")
+                       .arg(report.attempt)
+                       .arg(QLocale().toString(pauseSeconds, 'f', 1), report.message));
         break;
     case LinkReport::Kind::Restoring:
         m_console.progress(stepLine(name, tr("attempt %1 …").arg(report.attempt)));
@@ -187,17 +188,18 @@ void SessionTextReport::summary(const SessionSummary& summary)
 {
     m_console.progress({});
     const int results = summary.good + summary.notGood;
-    QString line = results == 0 ? QStringLiteral("No result")
-                                : QStringLiteral("%1 %2: %3 good, %4 not good")
-                                      .arg(results)
-                                      .arg(results == 1 ? QStringLiteral("result") : QStringLiteral("results"))
-                                      .arg(summary.good)
-                                      .arg(summary.notGood);
-    line += QStringLiteral("; %1").arg(seconds(summary.elapsedMs));
+    QString line = tr("No result");
+    if (results == 1) {
+        line = tr("1 result: %1 good, %2 not good").arg(summary.good).arg(summary.notGood);
+    } else if (results > 1) {
+        line = tr("%1 results: %2 good, %3 not good").arg(results).arg(summary.good).arg(summary.notGood);
+    }
+    line = tr("%1; %2").arg(line, seconds(summary.elapsedMs));
     if (summary.program > 0) {
-        line += QStringLiteral("; program %1").arg(summary.program);
         // What the plugin records without a selection is the end of its walk through the list.
-        line += m_isSelected ? QString() : QStringLiteral(" (the last one listed; none was selected)");
+        line = (m_isSelected ? tr("%1; program %2") : tr("%1; program %2 (the last one listed; none was selected)"))
+                   .arg(line)
+                   .arg(summary.program);
     }
     m_console.detail(m_console.strong(line));
 }

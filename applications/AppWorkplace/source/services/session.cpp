@@ -19,8 +19,6 @@ const QString c_eventData = QStringLiteral("eventData");
 const QString c_listenCommand = QStringLiteral("listenEventsData");
 const QString c_currentProgram = QStringLiteral("currentProgId");
 
-const QString c_pluginMend = QStringLiteral("check the folder of the plugins with --plugins");
-
 // Properties of the driver.
 constexpr char c_connected[] = "connected";
 constexpr char c_lineState[] = "lineState";
@@ -170,7 +168,8 @@ void Session::subscribe()
 {
     m_listener = m_wrench.host.createOrder(m_wrench.device, c_listenCommand);
     if (m_listener == nullptr) {
-        failSetUp(QStringLiteral("the device plugin has no command \"%1\"").arg(c_listenCommand), c_pluginMend);
+        failSetUp(tr("the device plugin has no command \"%1\"").arg(c_listenCommand),
+                  tr("check the folder of the plugins with --plugins"));
         return;
     }
     connect(m_listener.get(), &DOrder::sigResultsPublished, this, [this](const QMap<QString, QVariant>& values) {
@@ -179,7 +178,7 @@ void Session::subscribe()
         }
     });
     connect(m_listener.get(), &DOrder::sigFinished, this,
-            [this] { failSetUp(QStringLiteral("the listener has ended"), c_pluginMend); });
+            [this] { failSetUp(tr("the listener has ended"), tr("check the folder of the plugins with --plugins")); });
     m_listener->start();
 }
 
@@ -286,7 +285,7 @@ void Session::lineChanged(bool isConnected)
 
 void Session::openLimitReached()
 {
-    failSetUp(QStringLiteral("the driver did not say why"), textOf(m_step).mend);
+    failSetUp(tr("the driver did not say why"), textOf(m_step).mend);
 }
 
 void Session::durationIsOver()
