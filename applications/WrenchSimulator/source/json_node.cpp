@@ -41,6 +41,7 @@ std::vector<JsonNode> JsonNode::items(int minimum, int maximum) const
                    .arg(name(), QString::number(minimum), QString::number(maximum)));
     }
     std::vector<JsonNode> nodes;
+    nodes.reserve(static_cast<size_t>(array.size()));
     for (int i = 0; i < array.size(); ++i) {
         nodes.emplace_back(array.at(i), m_path + QLatin1Char('/') + QString::number(i));
     }

@@ -74,7 +74,7 @@ std::optional<qint64> Simulation::nextDueUs() const
 QString Simulation::command(const QString& commandLine, qint64 nowUs)
 {
     advance(nowUs);
-    const QString answer = m_console.execute(commandLine, nowUs);
+    QString answer = m_console.execute(commandLine, nowUs);
     advance(nowUs);
     return answer;
 }

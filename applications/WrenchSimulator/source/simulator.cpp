@@ -14,7 +14,7 @@
 #include <unistd.h>
 
 namespace {
-constexpr qint64 c_nsPerUs = 1000;
+constexpr double c_nsPerUs = 1000.0;
 constexpr double c_usPerMs = 1000.0;
 } // namespace
 
@@ -77,7 +77,7 @@ void Simulator::quit()
 
 qint64 Simulator::nowUs() const
 {
-    return static_cast<qint64>(static_cast<double>(m_clock.nsecsElapsed() / c_nsPerUs) * m_speed);
+    return static_cast<qint64>(static_cast<double>(m_clock.nsecsElapsed()) / c_nsPerUs * m_speed);
 }
 
 void Simulator::onReceived(const QByteArray& bytes)
