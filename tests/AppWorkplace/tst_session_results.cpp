@@ -42,6 +42,7 @@ private Q_SLOTS:
     void tellsNoPresetOfAnUnknownProgram();
     void tellsTheFirstAfterAReconnection();
     void keepsWhatWasKnownOfAnEarlyResult();
+    void tellsAnEarlyResultWhenItFails();
     void doesNotCountWhatIsDiscounted();
     void tellsTheChunksWhileItListens();
 
@@ -195,6 +196,24 @@ void TestSessionResults::keepsWhatWasKnownOfAnEarlyResult()
                                 {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, tighten});
     fixture.start();
     QCOMPARE(fixture.shown.value(0).rawLine, c_line);
+}
+
+// The unlocked wrench has tightened before the session listens, and then a step fails.
+void TestSessionResults::tellsAnEarlyResultWhenItFails()
+{
+    SessionFixture fixture;
+    const auto tighten = [&fixture] {
+        fixture.device->publish(QStringLiteral("listenEventsData"),
+                                {{QStringLiteral("eventData"), recordOf(c_line, 4)}});
+    };
+    fixture.device->setReaction(QStringLiteral("setLock"),
+                                {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, tighten});
+    fixture.answer("setKeepAliveFonction", {{QStringLiteral("cmd_success"), false}});
+    fixture.start();
+    QCOMPARE(fixture.problems, 1);
+    QCOMPARE(fixture.shown.size(), 1);
+    QCOMPARE(fixture.shown.value(0).eventData, recordOf(c_line, 4));
+    QCOMPARE(fixture.summary.good + fixture.summary.notGood, 1);
 }
 
 void TestSessionResults::doesNotCountWhatIsDiscounted()

@@ -212,11 +212,16 @@ void Session::takeResult(const TighteningResult& result)
         m_early.append(result);
         return;
     }
-    ++(isGood(result.eventData) ? m_summary.good : m_summary.notGood);
-    Q_EMIT sigResult(result);
+    tell(result);
     if (m_order.results > 0 && m_summary.good + m_summary.notGood >= m_order.results) {
         end(SessionSummary::End::Count);
     }
+}
+
+void Session::tell(const TighteningResult& result)
+{
+    ++(isGood(result.eventData) ? m_summary.good : m_summary.notGood);
+    Q_EMIT sigResult(result);
 }
 
 QVariantMap Session::presetOf(int program) const
@@ -312,6 +317,11 @@ void Session::end(SessionSummary::End how)
     m_isEnding = true;
     m_summary.end = how;
     cancelTimer();
+    // The wrench was already unlocked when they came: that the session fails does not make them undone.
+    const QList<TighteningResult> early = std::exchange(m_early, {});
+    for (const TighteningResult& result : early) {
+        tell(result);
+    }
     if (m_step == Step::Listen) { // before, it may be one that was asked for and refused
         m_summary.program = m_wrench.device.getProperty(c_currentProgram, QVariant(0)).toInt();
     }

@@ -73,6 +73,7 @@ private:
     void listen();
     void resultArrived(const QVariantMap& eventData);
     void takeResult(const TighteningResult& result);
+    void tell(const TighteningResult& result);
     QVariantMap presetOf(int program) const;
 
     void driverChanged(const QString& property);
