@@ -63,6 +63,7 @@ private Q_SLOTS:
     void writesBytesAsTheyAre();
     void hearsBytesAsTheyAre();
     void answersFalseWhenTheOtherEndTakesNothing();
+    void waitsForALineThatIsHeldUp();
     void answersEachOfSeveralFramesAskedAtOnce();
     void answersOnlyWhenTheLastByteHasLeft();
     void sendsNothingMoreOfAFrameThatMissedItsLimit();
@@ -162,6 +163,21 @@ void TestDriverTerminal::answersFalseWhenTheOtherEndTakesNothing()
 {
     QVERIFY(!write(*m_line, QByteArray(1024 * 1024, 'x'), 200));
     QCOMPARE(m_line->state(), SerialLine::State::Open);
+}
+
+// Flow control is no pulled adapter.
+void TestDriverTerminal::waitsForALineThatIsHeldUp()
+{
+    constexpr char c_hold[] = "\x13";
+    constexpr char c_goOn[] = "\x11";
+    m_settings.flowControl = QSerialPort::SoftwareControl;
+    QVERIFY(write(*m_line, "first"));
+    m_terminal->send(c_hold);
+    QVERIFY(!write(*m_line, "held", 100));
+    QCOMPARE(m_line->state(), SerialLine::State::Open);
+    m_terminal->send(c_goOn);
+    QVERIFY(write(*m_line, "next"));
+    QCOMPARE(m_terminal->received(), QByteArray("firstnext"));
 }
 
 void TestDriverTerminal::answersEachOfSeveralFramesAskedAtOnce()

@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QSignalBlocker>
 
+#include <poll.h>
 #include <sys/file.h>
 
 #include "line_settings.h"
@@ -103,11 +104,20 @@ void QtSerialPort::close()
 void QtSerialPort::write(const QByteArray& bytes)
 {
     m_port->write(bytes);
-    m_port->flush(); // what the system takes now leaves now, not after a turn of the event loop
+    if (takesBytes()) {
+        m_port->flush(); // what the system takes now leaves now, not after a turn of the event loop
+    }
     if (m_isTelling && m_port->bytesToWrite() == 0) {
         // QSerialPort tells nothing from inside its own telling.
         QMetaObject::invokeMethod(this, &QtSerialPort::onBytesWritten, Qt::QueuedConnection);
     }
+}
+
+/// Asked of a line that is held up, flush() reports the error of an adapter that was pulled.
+bool QtSerialPort::takesBytes() const
+{
+    pollfd port = {m_port->handle(), POLLOUT, 0};
+    return ::poll(&port, 1, 0) > 0;
 }
 
 void QtSerialPort::discardOutput()

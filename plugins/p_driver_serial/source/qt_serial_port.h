@@ -29,6 +29,7 @@ private:
     void giveUp();
     QString configure(const LineSettings& settings);
     bool isForUsAlone() const;
+    bool takesBytes() const;
 
     Observer* m_observer = nullptr;
     // Deleted later: the observer may destroy this object while QSerialPort is emitting.
