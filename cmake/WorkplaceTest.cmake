@@ -1,11 +1,12 @@
-# workplace_add_test(<name> [SOURCES …] [LIBRARIES …] [LABEL unit|system|slow] [TIMEOUT seconds] [DEFINITIONS …])
+# workplace_add_test(<name> [SOURCES …] [LIBRARIES …] [LABEL unit|system|slow] [TIMEOUT seconds] [DEFINITIONS …]
+#                    [QUICK])
 # One Qt Test program made of <name>.cpp and SOURCES. Labels: unit (no process, no terminal, no waiting), system (runs
-# the built programs), slow (system, and longer than ten seconds).
+# the built programs), slow (system, and longer than ten seconds). QUICK: it shows a Qt Quick scene.
 
 find_package(Qt5 5.15 REQUIRED COMPONENTS Test)
 
 function(workplace_add_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "LABEL;TIMEOUT" "SOURCES;LIBRARIES;DEFINITIONS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "QUICK" "LABEL;TIMEOUT" "SOURCES;LIBRARIES;DEFINITIONS")
   if(NOT arg_LABEL)
     set(arg_LABEL unit)
   endif()
@@ -20,9 +21,13 @@ function(workplace_add_test name)
   target_compile_options(${name} PRIVATE -O0)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
   add_test(NAME ${name} COMMAND ${name})
-  set_tests_properties(${name} PROPERTIES
-    LABELS ${arg_LABEL}
-    TIMEOUT ${arg_TIMEOUT}
-    # What this user has configured is nothing to the tests.
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=UTC;LC_ALL=C.UTF-8;XDG_CONFIG_HOME=${PROJECT_BINARY_DIR}/tests/no-configuration")
+  # What this user has configured is nothing to the tests.
+  set(environment QT_QPA_PLATFORM=offscreen TZ=UTC LC_ALL=C.UTF-8
+    "XDG_CONFIG_HOME=${PROJECT_BINARY_DIR}/tests/no-configuration")
+  if(arg_QUICK)
+    # Whole stacks, for the leaks of Qt are told by the functions that they come from.
+    list(APPEND environment QT_QUICK_BACKEND=software ASAN_OPTIONS=fast_unwind_on_malloc=0
+      "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/sanitizers/leaks-of-qt.supp:print_suppressions=0")
+  endif()
+  set_tests_properties(${name} PROPERTIES LABELS ${arg_LABEL} TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${environment}")
 endfunction()

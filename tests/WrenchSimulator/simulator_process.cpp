@@ -10,7 +10,7 @@
 #include <unistd.h>
 
 namespace {
-constexpr int c_patienceMs = 5000;
+constexpr int c_patienceMs = 30000; // a long trace is checked before the line is ready, slowly under a sanitizer
 }
 
 SimulatorProcess::~SimulatorProcess()
