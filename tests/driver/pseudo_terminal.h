@@ -23,7 +23,13 @@ public:
         ::cfmakeraw(&settings);
         ::tcsetattr(m_master, TCSANOW, &settings);
     }
-    ~PseudoTerminal() { hangUp(); }
+    ~PseudoTerminal()
+    {
+        hangUp();
+        if (m_reservation >= 0) {
+            ::close(m_reservation);
+        }
+    }
 
     QString path() const { return QString::fromLocal8Bit(::ptsname(m_master)); }
 
@@ -50,10 +56,12 @@ public:
         return bytes;
     }
 
-    /// As if the adapter were pulled.
+    /// As if the adapter were pulled. The path is gone, and no other process gets it while the object lives: who looks
+    /// for the line again would steal that one's bytes.
     void hangUp()
     {
         if (m_master >= 0) {
+            m_reservation = ::open(::ptsname(m_master), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
             ::close(m_master);
             m_master = -1;
         }
@@ -63,4 +71,5 @@ private:
     Q_DISABLE_COPY(PseudoTerminal)
 
     int m_master;
+    int m_reservation = -1;
 };
