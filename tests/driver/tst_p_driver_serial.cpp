@@ -53,10 +53,11 @@ void TestPDriverSerial::offersItsCommands()
     PDriverSerial plugin;
     QSignalSpy done(&plugin, &PDriverSerial::sigCommandsInitDone);
     plugin.initPluginCommands();
-    QCOMPARE(plugin.getFunctions(true),
-             QStringList({QStringLiteral("write"), QStringLiteral("listenEventsData"),
-                          QStringLiteral("closeConnection"), QStringLiteral("setKeepAliveFonction"),
-                          QStringLiteral("setTrace"), QStringLiteral("stopListening")}));
+    QCOMPARE(
+        plugin.getFunctions(true),
+        QStringList({QStringLiteral("write"), QStringLiteral("listenEventsData"), QStringLiteral("closeConnection"),
+                     QStringLiteral("setKeepAliveFonction"), QStringLiteral("setTrace"), QStringLiteral("listenTrace"),
+                     QStringLiteral("stopListening"), QStringLiteral("stopListeningTrace")}));
     QCOMPARE(done.size(), 1);
 }
 
@@ -76,6 +77,8 @@ void TestPDriverSerial::describesItsCommands_data()
                                 << QStringList{QStringLiteral("frame strg"), QStringLiteral("responseFrame strg")}
                                 << answer;
     QTest::newRow("trace") << QStringLiteral("setTrace") << QStringList{QStringLiteral("file strg")} << answer;
+    QTest::newRow("live trace") << QStringLiteral("listenTrace") << QStringList()
+                                << QStringList{QStringLiteral("entry strg")};
 }
 
 void TestPDriverSerial::describesItsCommands()
@@ -185,6 +188,7 @@ void TestPDriverSerial::mayBeDestroyedWhileCommandsRun()
 {
     DriverFixture driver;
     const Run listener = driver.listen();
+    const Run trace = driver.run("listenTrace");
     const Run write = driver.write("1");
     const Run waiting = driver.write("2");
     driver.plugin.reset();
@@ -196,12 +200,15 @@ void TestPDriverSerial::letsCommandsRunIntoNothingOnceItIsGone()
 {
     DriverFixture driver;
     const Run listener = driver.listen();
+    const Run trace = driver.run("listenTrace");
     const Run write = driver.write("1");
     driver.plugin.reset();
     RecordingOrder order;
     write.command->linkWithItsOrder(&order);
     listener.command->linkWithItsOrder(&order);
+    trace.command->linkWithItsOrder(&order);
     QVERIFY(!listener.command->commandExecute());
+    QVERIFY(!trace.command->commandExecute());
     QVERIFY(write.command->commandExecute());
     QCOMPARE(order.last(QStringLiteral("cmd_success")), QVariant(false));
     QVERIFY(!order.last(QStringLiteral("error")).toString().isEmpty());

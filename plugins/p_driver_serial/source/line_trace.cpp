@@ -1,6 +1,8 @@
 #include "line_trace.h"
 
 #include <QCoreApplication>
+
+#include <algorithm>
 #include <cstdio>
 
 #include <lib_utilities/clock.h>
@@ -12,6 +14,17 @@ namespace {
 
 constexpr qint64 c_usPerSecond = 1000000;
 constexpr int c_secondDecimals = 6;
+
+QByteArray firstLine(const QString& subject)
+{
+    return QStringLiteral("# serial trace 1, %1, %2").arg(subject, getDate()).toUtf8();
+}
+
+QByteArray seconds(qint64 us)
+{
+    return QByteArray::number(us / c_usPerSecond) + '.' +
+           QByteArray::number(us % c_usPerSecond).rightJustified(c_secondDecimals, '0');
+}
 
 } // namespace
 
@@ -32,13 +45,25 @@ QString LineTrace::start(const QString& target, const QString& subject)
             .arg(target, m_output.errorString());
     }
     m_startUs = m_clock.nowUs();
-    put(QStringLiteral("# serial trace 1, %1, %2\n").arg(subject, getDate()).toUtf8());
+    put(firstLine(subject));
     return {};
 }
 
 void LineTrace::stop()
 {
     m_output.close();
+}
+
+void LineTrace::addListener(ITraceListener* listener, const QString& subject)
+{
+    m_hearings.append({listener, m_clock.nowUs()});
+    listener->traceGrew(firstLine(subject));
+}
+
+void LineTrace::removeListener(ITraceListener* listener)
+{
+    const auto isOurs = [listener](const Hearing& hearing) { return hearing.listener == listener; };
+    m_hearings.erase(std::remove_if(m_hearings.begin(), m_hearings.end(), isOurs), m_hearings.end());
 }
 
 void LineTrace::sent(const QByteArray& bytes)
@@ -53,7 +78,7 @@ void LineTrace::arrived(const QByteArray& bytes)
 
 void LineTrace::remark(const QString& text)
 {
-    if (isOn()) {
+    if (isWanted()) {
         add('!', text.toUtf8());
     }
 }
@@ -88,24 +113,23 @@ QByteArray LineTrace::escaped(const QByteArray& bytes)
 
 void LineTrace::add(char direction, const QByteArray& bytes)
 {
-    if (!isOn()) {
+    if (!isWanted()) {
         return;
     }
-    const qint64 momentUs = m_clock.nowUs() - m_startUs;
-    QByteArray line = QByteArray::number(momentUs / c_usPerSecond);
-    line += '.';
-    line += QByteArray::number(momentUs % c_usPerSecond).rightJustified(c_secondDecimals, '0');
-    line += ' ';
-    line += direction;
-    line += ' ';
-    line += escaped(bytes);
-    line += '\n';
-    put(line);
+    const qint64 nowUs = m_clock.nowUs();
+    const QByteArray text = QByteArray(" ") + direction + ' ' + escaped(bytes);
+    if (isOn()) {
+        put(seconds(nowUs - m_startUs) + text);
+    }
+    for (const Hearing& hearing : qAsConst(m_hearings)) {
+        hearing.listener->traceGrew(seconds(nowUs - hearing.startUs) + text);
+    }
 }
 
 void LineTrace::put(const QByteArray& line)
 {
-    if (m_output.write(line) != line.size()) {
+    const QByteArray bytes = line + '\n';
+    if (m_output.write(bytes) != bytes.size()) {
         qCWarning(lcDriverSerial).noquote()
             << QCoreApplication::translate(
                    "SerialDriver",

@@ -3,8 +3,21 @@
 #include <QByteArray>
 #include <QFile>
 #include <QString>
+#include <QVector>
 
 class Clock;
+
+/// Hears a trace as it grows. It takes itself away before it is destroyed.
+class ITraceListener
+{
+public:
+    /// line: of the trace, without its line end. Told in the middle of what it tells of: the listener only takes it and
+    /// calls nothing of the line.
+    virtual void traceGrew(const QByteArray& line) = 0;
+
+protected:
+    ~ITraceListener() = default;
+};
 
 /// Writes down what goes over the line, in both directions, so that it can be read and played back.
 ///
@@ -34,9 +47,15 @@ public:
     /// subject: what is traced. Empty: it is on. Otherwise off, and one sentence: the file, the cause and what to do.
     QString start(const QString& target, const QString& subject);
     void stop();
+    /// It is being written; listeners hear it all the same.
     bool isOn() const { return m_output.isOpen(); }
 
-    // While the trace is off these do nothing. Each entry is with the system when the call returns.
+    /// From now on the listener gets a trace of its own: the first line at once, then each entry. Its moment 0 is now.
+    void addListener(ITraceListener* listener, const QString& subject);
+    /// One that is none is no error.
+    void removeListener(ITraceListener* listener);
+
+    // While the trace is off and nobody hears it these do nothing. Each entry is with the system when the call returns.
     void sent(const QByteArray& bytes);
     void arrived(const QByteArray& bytes);
     void remark(const QString& text);
@@ -45,10 +64,18 @@ public:
     static QByteArray escaped(const QByteArray& bytes);
 
 private:
+    struct Hearing
+    {
+        ITraceListener* listener;
+        qint64 startUs;
+    };
+
+    bool isWanted() const { return isOn() || !m_hearings.isEmpty(); }
     void add(char direction, const QByteArray& bytes);
     void put(const QByteArray& line);
 
     const Clock& m_clock;
     QFile m_output;
     qint64 m_startUs = 0;
+    QVector<Hearing> m_hearings;
 };

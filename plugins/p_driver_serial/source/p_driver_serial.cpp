@@ -5,6 +5,7 @@
 
 #include "d_cmd_close_connection.h"
 #include "d_cmd_listen_events_data.h"
+#include "d_cmd_listen_trace.h"
 #include "d_cmd_set_keep_alive_fonction.h"
 #include "d_cmd_set_trace.h"
 #include "d_cmd_write.h"
@@ -76,6 +77,7 @@ void PDriverSerial::initPluginCommands()
     declareInstructionCommand(new DCmdCloseConnection({}, m_line.get(), this));
     declareInstructionCommand(new DCmdSetKeepAliveFonction({}, m_line.get(), this));
     declareInstructionCommand(new DCmdSetTrace({}, m_line.get(), this));
+    declareInstructionCommand(new DCmdListenTrace({}, m_line.get(), this));
     Q_EMIT sigCommandsInitDone(objectUuid(), commandNames());
 }
 

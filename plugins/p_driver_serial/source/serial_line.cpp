@@ -370,3 +370,13 @@ QString SerialLine::setTrace(const QString& target)
     }
     return m_trace.start(target, m_settingsSource().settings.port);
 }
+
+void SerialLine::addTraceListener(ITraceListener* listener)
+{
+    m_trace.addListener(listener, m_settingsSource().settings.port);
+}
+
+void SerialLine::removeTraceListener(ITraceListener* listener)
+{
+    m_trace.removeListener(listener);
+}

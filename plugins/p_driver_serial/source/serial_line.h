@@ -85,6 +85,9 @@ public:
 
     /// target: as LineTrace::start(), empty to switch the trace off. Empty result: done; otherwise one sentence.
     QString setTrace(const QString& target);
+    /// As LineTrace::addListener() and removeListener(). It neither opens the port nor keeps it open.
+    void addTraceListener(ITraceListener* listener);
+    void removeTraceListener(ITraceListener* listener);
 
 Q_SIGNALS:
     /// state() or error() has changed.
