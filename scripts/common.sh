@@ -3,7 +3,9 @@
 
 packages_to_build="g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev libqt5serialport5-dev qttools5-dev qttools5-dev-tools"
 packages_to_build+=" libqt5sql5-sqlite" # the history
-packages_to_test="python3 python3-jsonschema procps qml-module-qtquick2 qml-module-qtquick-controls2 libqt5svg5 sqlite3"
+packages_to_build+=" qml-module-qtquick2 qml-module-qtquick-controls2 qml-module-qtquick-templates2" # the window
+packages_to_build+=" qml-module-qtquick-window2 libqt5svg5 fonts-dejavu-core"
+packages_to_test="python3 python3-jsonschema procps sqlite3"
 packages_to_test+=" zsh mandoc man-db" # completion, manual pages
 packages_to_check="clang-format clang-tidy clazy"
 

@@ -353,6 +353,41 @@ Optionen aller Befehle:
     </message>
 </context>
 <context>
+    <name>DeviceRow</name>
+    <message>
+        <source>problem</source>
+        <translation>Problem</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>nicht verbunden</translation>
+    </message>
+    <message>
+        <source>scanning</source>
+        <translation>sucht</translation>
+    </message>
+    <message>
+        <source>connecting</source>
+        <translation>verbindet</translation>
+    </message>
+    <message>
+        <source>connected</source>
+        <translation>verbunden</translation>
+    </message>
+    <message>
+        <source>restoring</source>
+        <translation>stellt wieder her</translation>
+    </message>
+    <message>
+        <source>ending</source>
+        <translation>beendet</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>DeviceStore</name>
     <message>
         <source>it holds no JSON object</source>
@@ -868,6 +903,38 @@ Optionen aller Befehle:
     <message>
         <source>%1 ended after %2 s with exit status %3</source>
         <translation>%1 endete nach %2 s mit dem Endestatus %3</translation>
+    </message>
+    <message>
+        <source>Work</source>
+        <translation>Arbeit</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>Results</source>
+        <translation>Ergebnisse</translation>
+    </message>
+    <message>
+        <source>Maintenance</source>
+        <translation>Wartung</translation>
+    </message>
+    <message>
+        <source>Trace</source>
+        <translation>Mitschnitt</translation>
+    </message>
+    <message>
+        <source>Doctor</source>
+        <translation>Diagnose</translation>
+    </message>
+    <message>
+        <source>%1 – %2 – Workplace</source>
+        <translation>%1 – %2 – Schraubplatz</translation>
+    </message>
+    <message>
+        <source>%1 – Workplace</source>
+        <translation>%1 – Schraubplatz</translation>
     </message>
 </context>
 <context>
@@ -1935,6 +2002,37 @@ Optionen aller Befehle:
     </message>
 </context>
 <context>
+    <name>SidePanel</name>
+    <message>
+        <source>light</source>
+        <translation>hell</translation>
+    </message>
+    <message>
+        <source>dark</source>
+        <translation>dunkel</translation>
+    </message>
+    <message>
+        <source>high contrast</source>
+        <translation>hoher Kontrast</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>Devices (%1)</source>
+        <translation>Geräte (%1)</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>Darstellung</translation>
+    </message>
+</context>
+<context>
     <name>SimulatedWrench</name>
     <message>
         <source>the scenario %1 is not used</source>
@@ -2088,6 +2186,35 @@ Optionen aller Befehle:
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>UiBusy</name>
+    <message>
+        <source>Stop: %1</source>
+        <translation>Anhalten: %1</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+</context>
+<context>
+    <name>UiProblem</name>
+    <message>
+        <source>Close this message</source>
+        <translation>Diese Meldung schließen</translation>
+    </message>
+</context>
+<context>
+    <name>UiVerdict</name>
+    <message>
+        <source>good</source>
+        <translation>gut</translation>
+    </message>
+    <message>
+        <source>not good</source>
+        <translation>nicht gut</translation>
     </message>
 </context>
 <context>

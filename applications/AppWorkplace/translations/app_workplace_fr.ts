@@ -353,6 +353,41 @@ Options de toutes les commandes :
     </message>
 </context>
 <context>
+    <name>DeviceRow</name>
+    <message>
+        <source>problem</source>
+        <translation>problème</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>non connecté</translation>
+    </message>
+    <message>
+        <source>scanning</source>
+        <translation>recherche</translation>
+    </message>
+    <message>
+        <source>connecting</source>
+        <translation>connexion en cours</translation>
+    </message>
+    <message>
+        <source>connected</source>
+        <translation>connecté</translation>
+    </message>
+    <message>
+        <source>restoring</source>
+        <translation>rétablissement</translation>
+    </message>
+    <message>
+        <source>ending</source>
+        <translation>fin en cours</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+</context>
+<context>
     <name>DeviceStore</name>
     <message>
         <source>it holds no JSON object</source>
@@ -868,6 +903,38 @@ Options de toutes les commandes :
     <message>
         <source>%1 ended after %2 s with exit status %3</source>
         <translation>%1 s’est terminé après %2 s avec le code de retour %3</translation>
+    </message>
+    <message>
+        <source>Work</source>
+        <translation>Travail</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Connexion</translation>
+    </message>
+    <message>
+        <source>Results</source>
+        <translation>Résultats</translation>
+    </message>
+    <message>
+        <source>Maintenance</source>
+        <translation>Maintenance</translation>
+    </message>
+    <message>
+        <source>Trace</source>
+        <translation>Trace</translation>
+    </message>
+    <message>
+        <source>Doctor</source>
+        <translation>Diagnostic</translation>
+    </message>
+    <message>
+        <source>%1 – %2 – Workplace</source>
+        <translation>%1 – %2 – Poste de serrage</translation>
+    </message>
+    <message>
+        <source>%1 – Workplace</source>
+        <translation>%1 – Poste de serrage</translation>
     </message>
 </context>
 <context>
@@ -1935,6 +2002,37 @@ Options de toutes les commandes :
     </message>
 </context>
 <context>
+    <name>SidePanel</name>
+    <message>
+        <source>light</source>
+        <translation>clair</translation>
+    </message>
+    <message>
+        <source>dark</source>
+        <translation>sombre</translation>
+    </message>
+    <message>
+        <source>high contrast</source>
+        <translation>contraste élevé</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Appareil</translation>
+    </message>
+    <message>
+        <source>Devices (%1)</source>
+        <translation>Appareils (%1)</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Langue</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>Thème</translation>
+    </message>
+</context>
+<context>
     <name>SimulatedWrench</name>
     <message>
         <source>the scenario %1 is not used</source>
@@ -2088,6 +2186,35 @@ Options de toutes les commandes :
     <message>
         <source>%1: %2</source>
         <translation>%1 : %2</translation>
+    </message>
+</context>
+<context>
+    <name>UiBusy</name>
+    <message>
+        <source>Stop: %1</source>
+        <translation>Arrêter : %1</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Arrêter</translation>
+    </message>
+</context>
+<context>
+    <name>UiProblem</name>
+    <message>
+        <source>Close this message</source>
+        <translation>Fermer ce message</translation>
+    </message>
+</context>
+<context>
+    <name>UiVerdict</name>
+    <message>
+        <source>good</source>
+        <translation>bon</translation>
+    </message>
+    <message>
+        <source>not good</source>
+        <translation>pas bon</translation>
     </message>
 </context>
 <context>
