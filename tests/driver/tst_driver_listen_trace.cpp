@@ -73,8 +73,9 @@ private Q_SLOTS:
         m_driver->port->fail(QStringLiteral("It went away."));
         m_driver->clock->advance(250);
         const Run closing = m_driver->run("closeConnection");
-        QCOMPARE(entries(trace), QStringList({QStringLiteral("0.000000 ! opened"), QStringLiteral("0.000000 ! lost"),
-                                              QStringLiteral("0.250000 ! opened"), QStringLiteral("0.250000 ! closed")}));
+        QCOMPARE(entries(trace),
+                 QStringList({QStringLiteral("0.000000 ! opened"), QStringLiteral("0.000000 ! lost"),
+                              QStringLiteral("0.250000 ! opened"), QStringLiteral("0.250000 ! closed")}));
     }
 
     void tellsTheKeepAliveThatListenersDoNotSee()

@@ -44,6 +44,9 @@ private Q_SLOTS:
     void replyMayQueueTheNext();
     void replyMayDestroyTheBackend();
 
+    void deviceIsFoundWhicheverHostHasIt();
+    void deviceIsFoundAlsoWhenANewerHostHasGone();
+    void connectionIsThatOfTheOwnDevice();
     void deviceDestroyedAnswersEachPendingTreatment();
     void answerUnderWayIsNotTakenForTheNextDevices();
     void hostDestroyedAnswersEachPendingTreatment();
@@ -288,6 +291,52 @@ void TstTreatments::replyMayDestroyTheBackend()
     Workbench::settle();
     QVERIFY(backend == nullptr);
     QCOMPARE(m_select->executed, 2); // accepted, so done
+}
+
+void TstTreatments::deviceIsFoundWhicheverHostHasIt()
+{
+    Workbench other; // a second window's device, say; its host is the newer one
+    const ScriptPointer select = other.deviceRoot.addCommand(c_select);
+    select->execute = [](ScriptedCommand& command) { return command.commandUpdateResults({{c_success, true}}); };
+    other.set();
+    RecordingBackend ofFirst;
+    attach(ofFirst);
+    RecordingBackend ofSecond;
+    ofSecond.setObjectId(other.device->objectUuid().toString());
+    Workbench::settle();
+    QVERIFY(ofFirst.queueTreatment(1, c_select, {}));
+    QVERIFY(ofSecond.queueTreatment(2, c_select, {}));
+    Workbench::settle();
+    QCOMPARE(m_select->executed, 1);
+    QCOMPARE(select->executed, 1);
+    QCOMPARE(ofFirst.heard.constFirst(), QStringLiteral("1 setProgram true"));
+    QCOMPARE(ofSecond.heard.constFirst(), QStringLiteral("2 setProgram true"));
+}
+
+void TstTreatments::deviceIsFoundAlsoWhenANewerHostHasGone()
+{
+    {
+        const Workbench other;
+    }
+    RecordingBackend backend;
+    attach(backend);
+    QVERIFY(backend.queueTreatment(1, c_select, {}));
+    Workbench::settle();
+    QCOMPARE(m_select->executed, 1);
+}
+
+void TstTreatments::connectionIsThatOfTheOwnDevice()
+{
+    Workbench other;
+    other.set();
+    RecordingBackend backend;
+    attach(backend);
+    other.driver->setProperty(QStringLiteral("connected"), true, false);
+    Workbench::settle();
+    QVERIFY(!backend.isConnected());
+    m_bench->driver->setProperty(QStringLiteral("connected"), true, false);
+    Workbench::settle();
+    QVERIFY(backend.isConnected());
 }
 
 void TstTreatments::deviceDestroyedAnswersEachPendingTreatment()

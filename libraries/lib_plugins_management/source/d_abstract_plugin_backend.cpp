@@ -9,23 +9,30 @@ DAbstractPluginBackendPrivate::DAbstractPluginBackendPrivate(DAbstractPluginBack
 
 void DAbstractPluginBackendPrivate::attach()
 {
-    if (queue.isNull()) {
-        queue = DTreatmentQueue::current();
-        if (queue.isNull()) {
-            return;
+    DAbstractPlugin* found = nullptr;
+    for (DTreatmentQueue* each : DTreatmentQueue::all()) {
+        listenTo(*each);
+        if (found == nullptr) {
+            found = each->findDevice(objectId);
+            queue = found == nullptr ? nullptr : each;
         }
-        QObject::connect(queue, &DTreatmentQueue::sigInstanceAdded, &q, [this] { attach(); });
-        QObject::connect(queue, &DTreatmentQueue::sigInstanceRemoved, &q, [this](const DAbstractPlugin* instance) {
-            if (instance == device.data()) {
-                setDevice(nullptr);
-            }
-        });
-        QObject::connect(queue, &DTreatmentQueue::sigConnectionChanged, &q, [this] { updateConnected(); });
     }
-    DAbstractPlugin* found = queue->findDevice(objectId);
     if (found != device.data()) {
         setDevice(found);
     }
+}
+
+/// Again is no error: a device may come to any of the hosts.
+void DAbstractPluginBackendPrivate::listenTo(DTreatmentQueue& each)
+{
+    QObject::disconnect(&each, nullptr, &q, nullptr);
+    QObject::connect(&each, &DTreatmentQueue::sigInstanceAdded, &q, [this] { attach(); });
+    QObject::connect(&each, &DTreatmentQueue::sigInstanceRemoved, &q, [this](const DAbstractPlugin* instance) {
+        if (instance == device.data()) {
+            setDevice(nullptr);
+        }
+    });
+    QObject::connect(&each, &DTreatmentQueue::sigConnectionChanged, &q, [this] { updateConnected(); });
 }
 
 void DAbstractPluginBackendPrivate::setDevice(DAbstractPlugin* found)

@@ -17,6 +17,7 @@ public:
 
     /// Looks for the device of that object id, and listens for it to come.
     void attach();
+    void listenTo(DTreatmentQueue& each);
     void setDevice(DAbstractPlugin* found);
     void announceDevice();
     void updateConnected();

@@ -18,10 +18,10 @@ constexpr int c_treatmentLimitMs = 15000;
 const QString c_successResult = QStringLiteral("cmd_success");
 const QString c_connectedProperty = QStringLiteral("connected"); // of a driver: its line is open
 
-DTreatmentQueue*& currentQueue()
+QVector<DTreatmentQueue*>& queues()
 {
-    static DTreatmentQueue* queue = nullptr;
-    return queue;
+    static QVector<DTreatmentQueue*> list;
+    return list;
 }
 
 } // namespace
@@ -29,19 +29,17 @@ DTreatmentQueue*& currentQueue()
 DTreatmentQueue::DTreatmentQueue(DRouter& router, const DInstanceRegistry& registry, QObject* parent)
     : QObject(parent), m_router(router), m_registry(registry)
 {
-    currentQueue() = this;
+    queues().append(this);
 }
 
 DTreatmentQueue::~DTreatmentQueue()
 {
-    if (currentQueue() == this) {
-        currentQueue() = nullptr;
-    }
+    queues().removeOne(this);
 }
 
-DTreatmentQueue* DTreatmentQueue::current()
+const QVector<DTreatmentQueue*>& DTreatmentQueue::all()
 {
-    return currentQueue();
+    return queues();
 }
 
 DAbstractPlugin* DTreatmentQueue::findDevice(const QString& objectId) const

@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QVariant>
+#include <QVector>
 
 #include <deque>
 #include <map>
@@ -20,8 +21,8 @@ class DRouter;
 /// Runs what panel backends ask for: the treatments of one device one at a time and in order, each as a command of that
 /// device, each answered once.
 ///
-/// Panel backends are made by a QML engine, which cannot hand them their host: there is one queue in a process, and a
-/// backend finds it with current().
+/// Panel backends are made by a QML engine, which cannot hand them their host: a backend finds the queue that has its
+/// device among those of all hosts of the process.
 class LIB_PLUGINS_MANAGEMENT_EXPORT DTreatmentQueue : public QObject
 {
     Q_OBJECT
@@ -31,8 +32,8 @@ public:
     DTreatmentQueue(DRouter& router, const DInstanceRegistry& registry, QObject* parent = nullptr);
     ~DTreatmentQueue() override;
 
-    /// Null while there is no host.
-    static DTreatmentQueue* current();
+    /// One for each host of this process, the oldest first.
+    static const QVector<DTreatmentQueue*>& all();
 
     /// Null when the host has no such device (yet).
     DAbstractPlugin* findDevice(const QString& objectId) const;
