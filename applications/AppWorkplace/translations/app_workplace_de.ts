@@ -353,6 +353,69 @@ Optionen aller Befehle:
     </message>
 </context>
 <context>
+    <name>DeviceModel</name>
+    <message>
+        <source>no loaded plugin has the command &quot;%1&quot;</source>
+        <translation>kein geladenes Plugin hat den Befehl „%1“</translation>
+    </message>
+    <message>
+        <source>name the folder of the plugins with --plugins</source>
+        <translation>nennen Sie mit --plugins den Ordner der Plugins</translation>
+    </message>
+    <message>
+        <source>which wrench is not said</source>
+        <translation>es ist nicht gesagt, welcher Schlüssel</translation>
+    </message>
+    <message>
+        <source>pick one that is in range, or type its serial number</source>
+        <translation>wählen Sie einen in Reichweite, oder geben Sie seine Seriennummer ein</translation>
+    </message>
+    <message>
+        <source>Wrench %1</source>
+        <translation>Schlüssel %1</translation>
+    </message>
+    <message>
+        <source>Simulated line</source>
+        <translation>Simulierte Leitung</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>nicht verbunden</translation>
+    </message>
+    <message>
+        <source>looking for wrenches in range</source>
+        <translation>Schlüssel in Reichweite werden gesucht</translation>
+    </message>
+    <message>
+        <source>connecting</source>
+        <translation>wird verbunden</translation>
+    </message>
+    <message>
+        <source>ready: results are taken</source>
+        <translation>bereit: Ergebnisse werden aufgenommen</translation>
+    </message>
+    <message>
+        <source>link lost; attempt %1 in %2 s: %3</source>
+        <translation>Verbindung verloren; Versuch %1 in %2 s: %3</translation>
+    </message>
+    <message>
+        <source>link lost; attempt %1 to restore it</source>
+        <translation>Verbindung verloren; Versuch %1, sie wiederherzustellen</translation>
+    </message>
+    <message>
+        <source>link lost: %1</source>
+        <translation>Verbindung verloren: %1</translation>
+    </message>
+    <message>
+        <source>ending</source>
+        <translation>wird beendet</translation>
+    </message>
+    <message>
+        <source>Program %1</source>
+        <translation>Programm %1</translation>
+    </message>
+</context>
+<context>
     <name>DeviceRow</name>
     <message>
         <source>problem</source>
@@ -2296,6 +2359,21 @@ Optionen aller Befehle:
     <message>
         <source>it did not answer to &quot;%1&quot;</source>
         <translation>er hat auf „%1“ nicht geantwortet</translation>
+    </message>
+</context>
+<context>
+    <name>WrenchScan</name>
+    <message>
+        <source>the line is not usable</source>
+        <translation>die Leitung ist nicht nutzbar</translation>
+    </message>
+    <message>
+        <source>no wrench was heard</source>
+        <translation>es war kein Schlüssel zu hören</translation>
+    </message>
+    <message>
+        <source>switch the wrench on, bring it near, and check the port</source>
+        <translation>schalten Sie den Schlüssel ein, bringen Sie ihn näher, und prüfen Sie den Anschluss</translation>
     </message>
 </context>
 <context>

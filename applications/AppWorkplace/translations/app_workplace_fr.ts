@@ -353,6 +353,69 @@ Options de toutes les commandes :
     </message>
 </context>
 <context>
+    <name>DeviceModel</name>
+    <message>
+        <source>no loaded plugin has the command &quot;%1&quot;</source>
+        <translation>aucun module chargé n’a la commande « %1 »</translation>
+    </message>
+    <message>
+        <source>name the folder of the plugins with --plugins</source>
+        <translation>indiquez le dossier des modules avec --plugins</translation>
+    </message>
+    <message>
+        <source>which wrench is not said</source>
+        <translation>il n’est pas dit quelle clé</translation>
+    </message>
+    <message>
+        <source>pick one that is in range, or type its serial number</source>
+        <translation>choisissez-en une à portée, ou tapez son numéro de série</translation>
+    </message>
+    <message>
+        <source>Wrench %1</source>
+        <translation>Clé %1</translation>
+    </message>
+    <message>
+        <source>Simulated line</source>
+        <translation>Ligne simulée</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>non connectée</translation>
+    </message>
+    <message>
+        <source>looking for wrenches in range</source>
+        <translation>recherche des clés à portée</translation>
+    </message>
+    <message>
+        <source>connecting</source>
+        <translation>connexion en cours</translation>
+    </message>
+    <message>
+        <source>ready: results are taken</source>
+        <translation>prête : les résultats sont enregistrés</translation>
+    </message>
+    <message>
+        <source>link lost; attempt %1 in %2 s: %3</source>
+        <translation>liaison perdue ; tentative %1 dans %2 s : %3</translation>
+    </message>
+    <message>
+        <source>link lost; attempt %1 to restore it</source>
+        <translation>liaison perdue ; tentative %1 de la rétablir</translation>
+    </message>
+    <message>
+        <source>link lost: %1</source>
+        <translation>liaison perdue : %1</translation>
+    </message>
+    <message>
+        <source>ending</source>
+        <translation>fin en cours</translation>
+    </message>
+    <message>
+        <source>Program %1</source>
+        <translation>Programme %1</translation>
+    </message>
+</context>
+<context>
     <name>DeviceRow</name>
     <message>
         <source>problem</source>
@@ -2296,6 +2359,21 @@ Options de toutes les commandes :
     <message>
         <source>it did not answer to &quot;%1&quot;</source>
         <translation>elle n’a pas répondu à « %1 »</translation>
+    </message>
+</context>
+<context>
+    <name>WrenchScan</name>
+    <message>
+        <source>the line is not usable</source>
+        <translation>la ligne n’est pas utilisable</translation>
+    </message>
+    <message>
+        <source>no wrench was heard</source>
+        <translation>aucune clé n’a été entendue</translation>
+    </message>
+    <message>
+        <source>switch the wrench on, bring it near, and check the port</source>
+        <translation>allumez la clé, rapprochez-la, et vérifiez le port</translation>
     </message>
 </context>
 <context>

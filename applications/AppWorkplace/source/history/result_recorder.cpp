@@ -90,7 +90,7 @@ void ResultRecorder::flush()
         const HistoryRecord& record = records.at(i);
         if (record.kind == HistoryRecord::Kind::Result) {
             ++(record.isGood ? m_good : m_notGood);
-            Q_EMIT sigResult(eventData.at(i));
+            Q_EMIT sigResult(eventData.at(i), record);
         } else {
             Q_EMIT sigNote(record);
         }

@@ -49,7 +49,8 @@ public:
     const std::optional<Problem>& failure() const { return m_failure; }
 
 Q_SIGNALS:
-    void sigResult(const QVariantMap& eventData);
+    /// record: the entry of it in the history.
+    void sigResult(const QVariantMap& eventData, const HistoryRecord& record);
     /// A gap or a repeat.
     void sigNote(const HistoryRecord& record);
     void sigFailed(const Problem& problem);

@@ -1,0 +1,434 @@
+#include "device_model.h"
+
+#include <QLocale>
+
+#include <lib_plugins_management/d_abstract_plugin.h>
+
+#include <cmath>
+#include <utility>
+
+#include "../cli/results_report.h"
+#include "wrench_entries.h"
+
+namespace {
+
+const QString c_listenCommand = QStringLiteral("listenEventsData");
+const QString c_progId = QStringLiteral("progId");
+constexpr double c_millisecondsPerSecond = 1000;
+
+Problem noPlugin(const QString& command)
+{
+    return {Problem::Kind::SetUp,
+            QStringLiteral("open"),
+            DeviceModel::tr("no loaded plugin has the command \"%1\"").arg(command),
+            {},
+            DeviceModel::tr("name the folder of the plugins with --plugins")};
+}
+
+/// What has to go, from a later turn: it is telling us of something.
+template <typename Service>
+void dismiss(std::unique_ptr<Service>& service)
+{
+    if (Service* gone = service.release()) {
+        gone->deleteLater();
+    }
+}
+
+} // namespace
+
+DeviceModel::DeviceModel(const Settings& settings, QObject* parent)
+    : QObject(parent), m_settings(settings), m_serialId(settings.wrench())
+{}
+
+DeviceModel::~DeviceModel()
+{
+    // What works in the workplace goes before it does.
+    m_scan.reset();
+    m_session.reset();
+    m_recording.reset();
+}
+
+// ---- What is asked for
+
+void DeviceModel::scan()
+{
+    if (m_state == Idle && !m_isEnding) {
+        forgetProblem();
+        setWrenches({});
+        setState(Scanning);
+        openThen([this] { startScan(); });
+    }
+}
+
+void DeviceModel::work(const QString& serialId)
+{
+    if (m_state != Idle || m_isEnding) {
+        return;
+    }
+    forgetProblem();
+    if (serialId.isEmpty()) {
+        tell({Problem::Kind::Usage,
+              QStringLiteral("connect"),
+              tr("which wrench is not said"),
+              {},
+              tr("pick one that is in range, or type its serial number")});
+        return;
+    }
+    if (serialId != m_serialId && !isSimulated()) {
+        closeWorkplace(); // what is kept of a device is kept by its number
+    }
+    setSerialId(serialId);
+    m_step = Session::Step::Open;
+    setState(Starting);
+    openThen([this] { startSession(); });
+}
+
+void DeviceModel::stop()
+{
+    if (m_scan != nullptr) {
+        setState(Ending);
+        m_scan->stop();
+    } else if (m_session != nullptr) {
+        setState(Ending);
+        m_session->session().interrupt();
+    } else if (m_state != Idle) { // the workplace is still being opened
+        closeWorkplace();
+        setState(Idle);
+    }
+}
+
+void DeviceModel::selectProgram(int program)
+{
+    Q_UNUSED(program)
+}
+
+void DeviceModel::setLock(bool isLocked)
+{
+    Q_UNUSED(isLocked)
+}
+
+void DeviceModel::forgetProblem()
+{
+    if (hasProblem()) {
+        m_problem = {};
+        Q_EMIT problemChanged();
+    }
+}
+
+void DeviceModel::end()
+{
+    m_isEnding = true;
+    stop();
+}
+
+void DeviceModel::setLanguage(const QString& language)
+{
+    m_settings.language = language;
+    tellNewTexts();
+    Q_EMIT serialIdChanged(); // the name
+}
+
+// ---- The workplace
+
+void DeviceModel::openThen(std::function<void()> then)
+{
+    if (m_isOpen) {
+        then();
+        return;
+    }
+    Settings settings = m_settings;
+    settings.serialId = m_serialId.isEmpty() ? m_settings.serialId : m_serialId;
+    m_workplace = std::make_unique<Workplace>(settings);
+    m_whenOpen = std::move(then);
+    if (const std::optional<Problem> problem = m_workplace->loadPlugins()) {
+        workplaceFailed(*problem);
+        return;
+    }
+    connect(m_workplace.get(), &Workplace::sigOpened, this, [this] {
+        m_isOpen = true;
+        Q_EMIT workplaceChanged();
+        std::exchange(m_whenOpen, {})();
+    });
+    connect(m_workplace.get(), &Workplace::sigFailed, this, &DeviceModel::workplaceFailed);
+    m_workplace->open();
+}
+
+void DeviceModel::workplaceFailed(const Problem& problem)
+{
+    if (m_session != nullptr) {
+        m_session->session().fail(problem);
+        return;
+    }
+    tell(problem);
+    if (m_scan != nullptr) {
+        stop();
+        return;
+    }
+    closeWorkplace();
+    setState(Idle);
+}
+
+void DeviceModel::closeWorkplace()
+{
+    m_isOpen = false;
+    m_whenOpen = {};
+    if (m_workplace != nullptr) {
+        m_workplace->disconnect(this);
+        dismiss(m_workplace);
+        Q_EMIT workplaceChanged();
+    }
+}
+
+Workplace* DeviceModel::workplace() const
+{
+    return m_isOpen ? m_workplace.get() : nullptr;
+}
+
+LinkedDevice DeviceModel::wrench(const DAbstractPlugin& root) const
+{
+    return {m_workplace->host(), m_workplace->clock(), *m_workplace->instanceOf(root), m_workplace->driver(),
+            m_workplace->portInUse()};
+}
+
+QString DeviceModel::pluginUuid() const
+{
+    const DAbstractPlugin* root = m_isOpen ? m_workplace->rootWith(c_listenCommand, Workplace::Role::Device) : nullptr;
+    return root == nullptr ? QString() : root->pluginUuid().toString();
+}
+
+QString DeviceModel::objectId() const
+{
+    const DAbstractPlugin* root = m_isOpen ? m_workplace->rootWith(c_listenCommand, Workplace::Role::Device) : nullptr;
+    return root == nullptr ? QString() : m_workplace->instanceOf(*root)->objectUuid().toString();
+}
+
+// ---- Scanning
+
+void DeviceModel::startScan()
+{
+    const DAbstractPlugin* root = m_workplace->rootWith(WrenchScan::commandName(), Workplace::Role::Device);
+    if (root == nullptr) {
+        tell(noPlugin(WrenchScan::commandName()));
+        setState(Idle);
+        return;
+    }
+    m_scan = std::make_unique<WrenchScan>(wrench(*root));
+    connect(m_scan.get(), &WrenchScan::sigHeard, this, &DeviceModel::setWrenches);
+    connect(m_scan.get(), &WrenchScan::sigFinished, this, &DeviceModel::scanEnded);
+    m_scan->start();
+}
+
+void DeviceModel::scanEnded()
+{
+    const std::optional<Problem> problem = m_scan->problem();
+    dismiss(m_scan);
+    if (problem && !hasProblem()) {
+        tell(*problem);
+    }
+    setState(Idle);
+}
+
+// ---- Working
+
+void DeviceModel::startSession()
+{
+    const DAbstractPlugin* root = m_workplace->rootWith(c_listenCommand, Workplace::Role::Device);
+    std::optional<Problem> problem;
+    if (root == nullptr) {
+        problem = noPlugin(c_listenCommand);
+    } else {
+        m_recording = std::make_unique<Recording>(m_settings);
+        problem = m_recording->open(m_serialId, QLatin1String(root->pluginName()));
+    }
+    if (problem) {
+        m_recording.reset();
+        tell(*problem);
+        setState(Idle);
+        return;
+    }
+    SessionOrder order;
+    order.serialId = m_serialId;
+    m_session = std::make_unique<RecordedSession>(wrench(*root), order, m_recording->recorder());
+    m_good = 0;
+    m_notGood = 0;
+    Q_EMIT resultChanged();
+    connectSession();
+    m_session->session().start();
+}
+
+void DeviceModel::connectSession()
+{
+    const Session* session = &m_session->session();
+    connect(session, &Session::sigStepStarted, this, &DeviceModel::stepStarted);
+    connect(session, &Session::sigWrenchesHeard, this, &DeviceModel::setWrenches);
+    connect(session, &Session::sigPrograms, this, [this](const QVariantList& programs) {
+        m_programs = wrench_entries::programs(programs);
+        Q_EMIT programsChanged();
+    });
+    connect(session, &Session::sigSelected, this, &DeviceModel::setProgram);
+    connect(session, &Session::sigLink, this, &DeviceModel::linkReported);
+    connect(m_session.get(), &RecordedSession::sigResult, this, &DeviceModel::takeResult);
+    connect(m_session.get(), &RecordedSession::sigNote, this, [this](const HistoryRecord& note) {
+        m_notes = historyNoteText(note);
+        Q_EMIT notesChanged();
+    });
+    connect(m_session.get(), &RecordedSession::sigFailed, this, [this](const Problem& problem) {
+        tell(problem);
+        setState(Ending);
+    });
+    connect(m_session.get(), &RecordedSession::sigFinished, this, &DeviceModel::sessionEnded);
+}
+
+void DeviceModel::stepStarted(Session::Step step)
+{
+    m_step = step;
+    if (step == Session::Step::Listen) {
+        setLockState(true, false);
+        setState(Working);
+    }
+    tellNewTexts();
+}
+
+void DeviceModel::linkReported(const LinkReport& report)
+{
+    m_link = report;
+    if (m_state == Working && report.kind == LinkReport::Kind::Lost) {
+        setState(Restoring);
+    } else if (m_state == Restoring && report.kind == LinkReport::Kind::Restored) {
+        setState(Working);
+    }
+    tellNewTexts();
+}
+
+void DeviceModel::takeResult(const QVariantMap& eventData, const HistoryRecord& record)
+{
+    Q_UNUSED(eventData)
+    m_result = wrench_entries::result(record);
+    m_recent.append({m_result.value(QStringLiteral("torque")).toDouble(), record.isGood,
+                     m_result.value(QStringLiteral("arrived")).toDateTime()});
+    ++(record.isGood ? m_good : m_notGood);
+    Q_EMIT resultChanged();
+    Q_EMIT resultShown();
+}
+
+void DeviceModel::sessionEnded()
+{
+    dismiss(m_session);
+    m_recording.reset();
+    setLockState(false, false);
+    setProgram(0);
+    setState(Idle);
+}
+
+// ---- The properties
+
+QString DeviceModel::name() const
+{
+    if (!m_serialId.isEmpty()) {
+        return tr("Wrench %1").arg(m_serialId);
+    }
+    return isSimulated() ? tr("Simulated line") : m_settings.port;
+}
+
+QString DeviceModel::stateText() const
+{
+    switch (m_state) {
+    case Idle:
+        return tr("not connected");
+    case Scanning:
+        return tr("looking for wrenches in range");
+    case Starting:
+        return tr("connecting");
+    case Working:
+        return tr("ready: results are taken");
+    case Restoring:
+        if (m_link.kind == LinkReport::Kind::Waiting) {
+            return tr("link lost; attempt %1 in %2 s: %3")
+                .arg(m_link.attempt)
+                .arg(QLocale().toString(m_link.pauseMs / c_millisecondsPerSecond, 'f', 1), m_link.message);
+        }
+        return m_link.kind == LinkReport::Kind::Restoring
+                   ? tr("link lost; attempt %1 to restore it").arg(m_link.attempt)
+                   : tr("link lost: %1").arg(m_link.message);
+    case Ending:
+        return tr("ending");
+    }
+    Q_UNREACHABLE();
+}
+
+QString DeviceModel::busyText() const
+{
+    return m_state == Idle || m_state == Working ? QString() : stateText();
+}
+
+bool DeviceModel::hasTarget() const
+{
+    return !std::isnan(target());
+}
+
+qreal DeviceModel::target() const
+{
+    for (const QVariant& program : m_programs) {
+        if (program.toMap().value(c_progId).toInt() == m_program) {
+            return program.toMap().value(QStringLiteral("target")).toDouble();
+        }
+    }
+    return std::nan("");
+}
+
+void DeviceModel::setState(State state)
+{
+    if (m_state != state) {
+        m_state = state;
+        Q_EMIT stateChanged();
+        tellNewTexts();
+        if (hasEnded()) {
+            QMetaObject::invokeMethod(this, &DeviceModel::sigEnded, Qt::QueuedConnection);
+        }
+    }
+}
+
+void DeviceModel::setSerialId(const QString& serialId)
+{
+    if (m_serialId != serialId) {
+        m_serialId = serialId;
+        Q_EMIT serialIdChanged();
+    }
+}
+
+void DeviceModel::setProgram(int program)
+{
+    if (m_program != program) {
+        m_program = program;
+        Q_EMIT programChanged();
+    }
+}
+
+void DeviceModel::setLockState(bool isKnown, bool isLocked)
+{
+    if (m_isLockKnown != isKnown || m_isLocked != isLocked) {
+        m_isLockKnown = isKnown;
+        m_isLocked = isLocked;
+        Q_EMIT lockChanged();
+    }
+}
+
+void DeviceModel::setWrenches(const QVariantList& wrenches)
+{
+    if (m_wrenches != wrenches) {
+        m_wrenches = wrenches;
+        Q_EMIT wrenchesChanged();
+    }
+}
+
+void DeviceModel::tell(const Problem& problem)
+{
+    m_problem = problem;
+    Q_EMIT problemChanged();
+}
+
+void DeviceModel::tellNewTexts()
+{
+    Q_EMIT stateTextChanged();
+    Q_EMIT busyTextChanged();
+}
