@@ -9,6 +9,11 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_AUTOMOC ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
+# Hardening, of everything that is linked: programs at a random address, and tables that are read-only once it runs.
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES CXX)
+add_link_options(LINKER:-z,relro,-z,now)
+
 # One place for what is loaded and run, so that programs find libraries and plugins beside them, built or installed.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
@@ -17,7 +22,8 @@ set(WORKPLACE_PLUGIN_INSTALL_DIRECTORY "${CMAKE_INSTALL_LIBDIR}/haitor-workplace
 
 add_library(workplace_options INTERFACE)
 target_compile_options(workplace_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
+  -fstack-protector-strong -fstack-clash-protection)
 target_compile_definitions(workplace_options INTERFACE
   QT_NO_CAST_FROM_ASCII
   QT_NO_CAST_TO_ASCII
@@ -27,4 +33,6 @@ target_compile_definitions(workplace_options INTERFACE
   # Debian ships Qt's release libraries only, and a plugin says in its metadata which kind it was built for:
   # always the release kind, with Qt's assertions kept where they help.
   QT_NO_DEBUG
-  $<$<CONFIG:Debug>:QT_FORCE_ASSERTS>)
+  $<$<CONFIG:Debug>:QT_FORCE_ASSERTS>
+  # It needs optimisation, and hides from the sanitizers what they look at; their presets are debug builds.
+  $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:_FORTIFY_SOURCE=2>)
