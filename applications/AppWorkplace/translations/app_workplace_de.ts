@@ -1647,18 +1647,6 @@ Optionen aller Befehle:
         <translation>sucht …</translation>
     </message>
     <message>
-        <source>the line is not usable</source>
-        <translation>die Leitung ist nicht nutzbar</translation>
-    </message>
-    <message>
-        <source>no wrench was heard</source>
-        <translation>es war kein Schlüssel zu hören</translation>
-    </message>
-    <message>
-        <source>switch the wrench on, bring it near, and check the port</source>
-        <translation>schalten Sie den Schlüssel ein, bringen Sie ihn näher, und prüfen Sie den Anschluss</translation>
-    </message>
-    <message>
         <source>serial number</source>
         <translation>Seriennummer</translation>
     </message>

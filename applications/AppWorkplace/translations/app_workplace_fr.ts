@@ -1647,18 +1647,6 @@ Options de toutes les commandes :
         <translation>recherche …</translation>
     </message>
     <message>
-        <source>the line is not usable</source>
-        <translation>la ligne n’est pas utilisable</translation>
-    </message>
-    <message>
-        <source>no wrench was heard</source>
-        <translation>aucune clé n’a été entendue</translation>
-    </message>
-    <message>
-        <source>switch the wrench on, bring it near, and check the port</source>
-        <translation>allumez la clé, rapprochez-la, et vérifiez le port</translation>
-    </message>
-    <message>
         <source>serial number</source>
         <translation>numéro de série</translation>
     </message>

@@ -4,13 +4,11 @@
 
 #include <lib_plugins_management/d_abstract_plugin.h>
 
-#include "../services/heard_wrenches.h"
 #include "number_options.h"
 #include "text_table.h"
 
 namespace {
 
-const QString c_detectionCommand = QStringLiteral("startDetection");
 constexpr int c_defaultDurationMs = 5000;
 
 std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
@@ -55,7 +53,7 @@ void ScanCommand::interrupt()
 
 std::optional<Problem> ScanCommand::check()
 {
-    m_root = m_workplace.rootWith(c_detectionCommand, Workplace::Role::Device);
+    m_root = m_workplace.rootWith(WrenchScan::commandName(), Workplace::Role::Device);
     if (m_root != nullptr) {
         return std::nullopt;
     }
@@ -68,28 +66,17 @@ std::optional<Problem> ScanCommand::check()
 
 void ScanCommand::begin()
 {
-    DAbstractPlugin& device = *m_workplace.instanceOf(*m_root);
-    m_lineEnd =
-        std::make_unique<LineEnd>(LinkedDevice{m_workplace.host(), m_workplace.clock(), device, m_workplace.driver()});
-    connect(m_lineEnd.get(), &LineEnd::sigClosed, this, &ScanCommand::tellEnd);
-    connect(&m_workplace.host(), &DHost::sigPropertyChanged, this,
-            [this](const DAbstractPlugin* plugin, const QString& name) {
-                if (plugin == &m_workplace.driver() && name == QLatin1String("lineError") && !lineError().isEmpty()) {
-                    m_lineFailure = lineError();
-                    end();
-                }
-            });
-    m_console.progress(tr("searching …"));
-    m_detection = m_workplace.host().createOrder(device, c_detectionCommand);
-    connect(m_detection.get(), &DOrder::sigResultsPublished, this, [this](const QMap<QString, QVariant>& values) {
-        show(HeardWrenches::strongestFirst(values.value(QStringLiteral("lastResults")).toList()));
+    m_scan = std::make_unique<WrenchScan>(
+        LinkedDevice{m_workplace.host(), m_workplace.clock(), *m_workplace.instanceOf(*m_root), m_workplace.driver()});
+    connect(m_scan.get(), &WrenchScan::sigHeard, this, [this](const QVariantList& wrenches) {
+        show(wrenches);
         if (!m_console.isOpen()) { // nobody reads any more; from a later turn, for the scan is telling us just now
             QMetaObject::invokeMethod(this, &ScanCommand::interrupt, Qt::QueuedConnection);
         }
     });
-    // The plugin has hung up itself; closing waits until that has left.
-    connect(m_detection.get(), &DOrder::sigFinished, m_lineEnd.get(), &LineEnd::close);
-    m_detection->start();
+    connect(m_scan.get(), &WrenchScan::sigFinished, this, &ScanCommand::tellEnd);
+    m_console.progress(tr("searching …"));
+    m_scan->start();
     if (m_duration.interval() > 0) {
         m_duration.start();
     }
@@ -98,38 +85,28 @@ void ScanCommand::begin()
 void ScanCommand::tellEnd()
 {
     m_console.progress({});
-    if (!m_lineFailure.isEmpty()) {
-        fail({Problem::Kind::SetUp, QStringLiteral("scan"), tr("the line is not usable"), m_lineFailure, {}});
-    } else if (m_shown.isEmpty()) {
-        fail({Problem::Kind::Device,
-              QStringLiteral("scan"),
-              tr("no wrench was heard"),
-              {},
-              tr("switch the wrench on, bring it near, and check the port")});
-    } else {
-        if (!m_console.isJson() && !m_console.isTerminal()) {
-            m_shownLines = -1; // the one list that is shown where lines cannot be taken back
-            show(m_shown);
-        }
-        Q_EMIT sigDone(0);
+    if (const std::optional<Problem> problem = m_scan->problem()) {
+        fail(*problem);
+        return;
     }
+    if (!m_console.isJson() && !m_console.isTerminal()) {
+        showTable(m_scan->wrenches()); // the one list that is shown where lines cannot be taken back
+    }
+    Q_EMIT sigDone(0);
 }
 
 void ScanCommand::show(const QVariantList& wrenches)
 {
-    const bool isLast = m_shownLines < 0;
-    if (wrenches == m_shown && !isLast) {
-        return;
-    }
-    m_shown = wrenches;
     if (m_console.isJson()) {
         m_console.object({{QStringLiteral("event"), QStringLiteral("scan")},
                           {QStringLiteral("wrenches"), QJsonArray::fromVariantList(wrenches)}});
-        return;
+    } else if (m_console.isTerminal()) {
+        showTable(wrenches);
     }
-    if (!m_console.isTerminal() && !isLast) {
-        return;
-    }
+}
+
+void ScanCommand::showTable(const QVariantList& wrenches)
+{
     TextTable table({{tr("serial number")}, {tr("address")}, {tr("signal (dBm)"), true}});
     for (const QVariant& wrench : wrenches) {
         const QVariantMap fields = wrench.toMap();
@@ -146,9 +123,9 @@ void ScanCommand::show(const QVariantList& wrenches)
 
 void ScanCommand::end()
 {
-    if (m_detection == nullptr) {
+    if (m_scan == nullptr) {
         Q_EMIT sigDone(int(Problem::Kind::Device));
     } else {
-        m_detection->stop();
+        m_scan->stop();
     }
 }

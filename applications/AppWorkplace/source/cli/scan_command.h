@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "../services/line_end.h"
+#include "../services/wrench_scan.h"
 #include "command_line.h"
 #include "workplace_command.h"
 
@@ -28,13 +28,11 @@ protected:
 private:
     void tellEnd();
     void show(const QVariantList& wrenches);
+    void showTable(const QVariantList& wrenches);
     void end();
 
     const DAbstractPlugin* m_root = nullptr; // the plugin that can scan
-    std::unique_ptr<DOrder> m_detection;
-    std::unique_ptr<LineEnd> m_lineEnd;
-    QString m_lineFailure; // why the scan was ended; empty: it was not ended by the line
-    QVariantList m_shown;
+    std::unique_ptr<WrenchScan> m_scan;
     int m_shownLines = 0;
     QTimer m_duration;
 };

@@ -96,7 +96,7 @@ void SessionCommand::interrupt()
     } else {
         m_exitStatus = m_hasListened ? 0 : int(Problem::Kind::Device);
         m_service->tellStopping();
-        m_session->interrupt();
+        m_session->session().interrupt();
     }
 }
 
@@ -105,7 +105,7 @@ void SessionCommand::workplaceFailed(const Problem& problem)
     if (m_session == nullptr) {
         fail(problem);
     } else {
-        m_session->fail(problem);
+        m_session->session().fail(problem);
     }
 }
 
@@ -113,7 +113,7 @@ void SessionCommand::interruptWhenUnread()
 {
     if (!m_console.isOpen()) {
         // From a later turn: the session is in the middle of something. It is no failure of the device.
-        QMetaObject::invokeMethod(m_session.get(), &Session::interrupt, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(&m_session->session(), &Session::interrupt, Qt::QueuedConnection);
     }
 }
 
@@ -132,16 +132,15 @@ std::optional<Problem> SessionCommand::check()
 
 void SessionCommand::begin()
 {
-    m_session = std::make_unique<Session>(LinkedDevice{m_workplace.host(), m_workplace.clock(),
-                                                       *m_workplace.instanceOf(*m_device), m_workplace.driver(),
-                                                       m_workplace.portInUse()},
-                                          m_order);
-    Session* session = m_session.get();
+    m_session = std::make_unique<RecordedSession>(LinkedDevice{m_workplace.host(), m_workplace.clock(),
+                                                               *m_workplace.instanceOf(*m_device), m_workplace.driver(),
+                                                               m_workplace.portInUse()},
+                                                  m_order, m_recording.recorder());
+    Session* session = &m_session->session();
     m_service = std::make_unique<SessionService>(*session);
     m_report->opened(m_workplace.portInUse(), m_settings.isSimulated());
     connect(session, &Session::sigStepStarted, this, [this](Session::Step step) {
         m_hasListened = step == Session::Step::Listen;
-        m_recording.recorder().forgetChunk();
         m_report->stepStarted(step);
     });
     connect(session, &Session::sigStepDone, this, [this](Session::Step step, qint64 elapsedMs) {
@@ -157,52 +156,31 @@ void SessionCommand::begin()
     connect(session, &Session::sigNamesakes, this,
             [this](const QVariantList& wrenches, const QString& taken) { m_report->namesakes(wrenches, taken); });
     connect(session, &Session::sigLink, this, [this](const LinkReport& report) {
-        m_recording.recorder().forgetChunk(); // likewise
         m_report->link(report);
         interruptWhenUnread();
     });
-    connect(session, &Session::sigFailed, this, [this](const Problem& problem) {
-        m_hasFailed = true;
+    connectResults();
+    session->start();
+}
+
+void SessionCommand::connectResults()
+{
+    const RecordedSession* session = m_session.get();
+    connect(session, &RecordedSession::sigResult, this, [this](const QVariantMap& eventData) {
+        m_report->result(eventData);
+        interruptWhenUnread();
+    });
+    connect(session, &RecordedSession::sigNote, this, [this](const HistoryRecord& note) { m_report->note(note); });
+    connect(session, &RecordedSession::sigFailed, this, [this](const Problem& problem) {
         m_exitStatus = problem.exitStatus();
         m_report->failed();
         tell(problem);
     });
-    connect(session, &Session::sigFinished, this, &SessionCommand::finish);
-    record();
+    connect(session, &RecordedSession::sigFinished, this, &SessionCommand::finish);
 }
 
-// Between the session and the report: what is shown is stored.
-void SessionCommand::record()
+void SessionCommand::finish(const SessionSummary& summary)
 {
-    ResultRecorder* recorder = &m_recording.recorder();
-    connect(m_session.get(), &Session::sigResult, this, [this](const TighteningResult& result) {
-        if (!m_recording.recorder().take(result)) {
-            m_session->discount(result);
-        }
-    });
-    connect(m_session.get(), &Session::sigChunk, recorder, &ResultRecorder::takeChunk);
-    connect(recorder, &ResultRecorder::sigResult, this, [this](const QVariantMap& eventData) {
-        m_report->result(eventData);
-        interruptWhenUnread();
-    });
-    connect(recorder, &ResultRecorder::sigNote, this, [this](const HistoryRecord& note) { m_report->note(note); });
-    connect(recorder, &ResultRecorder::sigFailed, m_session.get(), &Session::fail);
-    m_session->start();
-}
-
-void SessionCommand::finish(SessionSummary summary)
-{
-    m_recording.recorder().flush();
-    if (m_recording.recorder().failure()) {
-        if (!m_hasFailed) { // it was ending when the last results could not be stored
-            m_exitStatus = m_recording.recorder().failure()->exitStatus();
-            m_report->failed();
-            tell(*m_recording.recorder().failure());
-        }
-        summary.end = SessionSummary::End::Failure;
-    }
-    summary.good = m_recording.recorder().good();
-    summary.notGood = m_recording.recorder().notGood();
     m_report->summary(summary);
     Q_EMIT sigDone(m_exitStatus);
 }

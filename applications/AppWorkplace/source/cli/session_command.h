@@ -2,8 +2,8 @@
 
 #include <memory>
 
+#include "../history/recorded_session.h"
 #include "../history/recording.h"
-#include "../services/session.h"
 #include "../services/session_service.h"
 #include "command_line.h"
 #include "session_report.h"
@@ -28,16 +28,15 @@ protected:
 
 private:
     void interruptWhenUnread();
-    void record();
-    void finish(SessionSummary summary);
+    void connectResults();
+    void finish(const SessionSummary& summary);
 
     SessionOrder m_order;
     const DAbstractPlugin* m_device = nullptr;
     std::unique_ptr<SessionReport> m_report;
     Recording m_recording;
-    std::unique_ptr<Session> m_session;
+    std::unique_ptr<RecordedSession> m_session;
     std::unique_ptr<SessionService> m_service;
     bool m_hasListened = false;
-    bool m_hasFailed = false;
     int m_exitStatus = 0;
 };
