@@ -36,6 +36,16 @@ QQuickItem* findItem(const QQuickItem* below, const QString& name)
     return nullptr;
 }
 
+/// What the key Tab has come to: a list gives the focus on to its current row.
+QQuickItem* reached(const QQuickWindow* window)
+{
+    QQuickItem* item = window->activeFocusItem();
+    while (item != nullptr && !item->activeFocusOnTab()) {
+        item = item->parentItem();
+    }
+    return item;
+}
+
 QPoint centre(const QQuickItem* of)
 {
     return of->mapToScene(QPointF(of->width() / 2, of->height() / 2)).toPoint();
@@ -110,7 +120,7 @@ QList<QQuickItem*> WindowScene::tabOrder() const
     QList<QQuickItem*> order;
     for (int i = 0; i < c_mostTabs; ++i) {
         press(Qt::Key_Tab);
-        QQuickItem* focused = m_window->activeFocusItem();
+        QQuickItem* focused = reached(m_window);
         if (focused == nullptr || order.contains(focused)) {
             break;
         }
@@ -138,7 +148,7 @@ void WindowScene::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
 bool WindowScene::tabTo(const QString& name) const
 {
     for (int i = 0; i < c_mostTabs; ++i) {
-        const QQuickItem* focused = m_window->activeFocusItem();
+        const QQuickItem* focused = reached(m_window);
         if (focused != nullptr && focused->objectName() == name) {
             return true;
         }

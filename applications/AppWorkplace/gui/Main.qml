@@ -43,6 +43,11 @@ Window {
     }
     Binding {
         target: Style
+        property: "localeName"
+        value: workplace.language === "en" ? "C" : workplace.language
+    }
+    Binding {
+        target: Style
         property: "theme"
         value: workplace.theme
     }

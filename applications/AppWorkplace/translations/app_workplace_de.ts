@@ -346,6 +346,58 @@ Optionen aller Befehle:
     </message>
 </context>
 <context>
+    <name>ConnectPage</name>
+    <message>
+        <source>Wrenches in range</source>
+        <translation>Schlüssel in Reichweite</translation>
+    </message>
+    <message>
+        <source>%1, %2 dBm</source>
+        <comment>address, signal</comment>
+        <translation>%1, %2 dBm</translation>
+    </message>
+    <message>
+        <source>Switch the wrench on, and come closer with it.</source>
+        <translation>Schalten Sie den Schlüssel ein und kommen Sie mit ihm näher.</translation>
+    </message>
+    <message>
+        <source>Start a scan to see which ones are there.</source>
+        <translation>Starten Sie eine Suche, um zu sehen, welche da sind.</translation>
+    </message>
+    <message>
+        <source>The dongle talks to one wrench at a time; disconnect to scan.</source>
+        <translation>Der Dongle spricht mit einem Schlüssel zur Zeit; trennen Sie die Verbindung, um zu suchen.</translation>
+    </message>
+    <message>
+        <source>No wrench heard yet</source>
+        <translation>Noch kein Schlüssel gehört</translation>
+    </message>
+    <message>
+        <source>No scan yet</source>
+        <translation>Noch keine Suche</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>By its number</source>
+        <translation>Über die Nummer</translation>
+    </message>
+    <message>
+        <source>Serial number</source>
+        <translation>Seriennummer</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>Port: %1</source>
+        <translation>Anschluss: %1</translation>
+    </message>
+</context>
+<context>
     <name>Console</name>
     <message>
         <source>The results cannot be written (%1): make room, or write them elsewhere.</source>
@@ -895,6 +947,21 @@ Optionen aller Befehle:
     </message>
 </context>
 <context>
+    <name>LinkBar</name>
+    <message>
+        <source>Connect</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>Disconnect</source>
+        <translation>Trennen</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+</context>
+<context>
     <name>LinkStage</name>
     <message>
         <source>the radio link to the wrench opens</source>
@@ -947,6 +1014,29 @@ Optionen aller Befehle:
     <message>
         <source>%1 was to be dialled, and the dongle said %2</source>
         <translation>%1 sollte gewählt werden, und der Funkadapter sagte %2</translation>
+    </message>
+</context>
+<context>
+    <name>LockCard</name>
+    <message>
+        <source>Lock: not known</source>
+        <translation>Sperre: nicht bekannt</translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation>Gesperrt</translation>
+    </message>
+    <message>
+        <source>Unlocked</source>
+        <translation>Freigegeben</translation>
+    </message>
+    <message>
+        <source>Lock</source>
+        <translation>Sperren</translation>
+    </message>
+    <message>
+        <source>Unlock</source>
+        <translation>Freigeben</translation>
     </message>
 </context>
 <context>
@@ -1171,6 +1261,31 @@ Optionen aller Befehle:
     </message>
 </context>
 <context>
+    <name>ProgramList</name>
+    <message>
+        <source>%1 %2</source>
+        <comment>torque, unit</comment>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>%1 °</source>
+        <comment>angle</comment>
+        <translation>%1°</translation>
+    </message>
+    <message>
+        <source>Programs</source>
+        <translation>Programme</translation>
+    </message>
+    <message>
+        <source>They are read from the wrench when it is connected.</source>
+        <translation>Sie werden beim Verbinden vom Schlüssel gelesen.</translation>
+    </message>
+    <message>
+        <source>No programs</source>
+        <translation>Keine Programme</translation>
+    </message>
+</context>
+<context>
     <name>ProgramsStage</name>
     <message>
         <source>the programs of the wrench can be read</source>
@@ -1298,6 +1413,57 @@ Optionen aller Befehle:
     <message>
         <source>the wrench %1 is heard with %2 dBm</source>
         <translation>der Schlüssel %1 ist mit %2 dBm zu hören</translation>
+    </message>
+</context>
+<context>
+    <name>ResultCard</name>
+    <message>
+        <source>GOOD</source>
+        <translation>GUT</translation>
+    </message>
+    <message>
+        <source>NOT GOOD</source>
+        <translation>NICHT GUT</translation>
+    </message>
+    <message>
+        <source>Connect to a wrench first.</source>
+        <translation>Verbinden Sie sich zuerst mit einem Schlüssel.</translation>
+    </message>
+    <message>
+        <source>Tighten: the result appears here.</source>
+        <translation>Schrauben Sie: Das Ergebnis erscheint hier.</translation>
+    </message>
+    <message>
+        <source>As soon as the wrench is ready, tighten.</source>
+        <translation>Sobald der Schlüssel bereit ist, schrauben Sie.</translation>
+    </message>
+    <message>
+        <source>%1, torque %2 %3</source>
+        <translation>%1, Drehmoment %2 %3</translation>
+    </message>
+    <message>
+        <source>No result yet</source>
+        <translation>Noch kein Ergebnis</translation>
+    </message>
+    <message>
+        <source>angle</source>
+        <translation>Winkel</translation>
+    </message>
+    <message>
+        <source>direction</source>
+        <translation>Richtung</translation>
+    </message>
+    <message>
+        <source>reading</source>
+        <translation>Messung</translation>
+    </message>
+    <message>
+        <source>program</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>at</source>
+        <translation>um</translation>
     </message>
 </context>
 <context>
@@ -1527,6 +1693,29 @@ Optionen aller Befehle:
     <message>
         <source>tighten once while it is waited for; give more time with --wait-result</source>
         <translation>verschrauben Sie einmal, solange gewartet wird; geben Sie mit --wait-result mehr Zeit</translation>
+    </message>
+</context>
+<context>
+    <name>RunCard</name>
+    <message>
+        <source>%1 good</source>
+        <translation>%1 gut</translation>
+    </message>
+    <message>
+        <source>%1 not good</source>
+        <translation>%1 nicht gut</translation>
+    </message>
+    <message>
+        <source>target %1</source>
+        <translation>Sollwert %1</translation>
+    </message>
+    <message>
+        <source>Run chart of the last %1 results</source>
+        <translation>Verlauf der letzten %1 Ergebnisse</translation>
+    </message>
+    <message>
+        <source>The last results are drawn here, as they come.</source>
+        <translation>Hier werden die letzten Ergebnisse gezeichnet, wie sie kommen.</translation>
     </message>
 </context>
 <context>

@@ -346,6 +346,58 @@ Options de toutes les commandes :
     </message>
 </context>
 <context>
+    <name>ConnectPage</name>
+    <message>
+        <source>Wrenches in range</source>
+        <translation>Clés à portée</translation>
+    </message>
+    <message>
+        <source>%1, %2 dBm</source>
+        <comment>address, signal</comment>
+        <translation>%1, %2 dBm</translation>
+    </message>
+    <message>
+        <source>Switch the wrench on, and come closer with it.</source>
+        <translation>Allumez la clé et approchez-la.</translation>
+    </message>
+    <message>
+        <source>Start a scan to see which ones are there.</source>
+        <translation>Lancez une recherche pour voir lesquelles sont là.</translation>
+    </message>
+    <message>
+        <source>The dongle talks to one wrench at a time; disconnect to scan.</source>
+        <translation>Le dongle parle à une seule clé à la fois ; déconnectez-la pour rechercher.</translation>
+    </message>
+    <message>
+        <source>No wrench heard yet</source>
+        <translation>Aucune clé entendue pour l’instant</translation>
+    </message>
+    <message>
+        <source>No scan yet</source>
+        <translation>Aucune recherche pour l’instant</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message>
+        <source>By its number</source>
+        <translation>Par son numéro</translation>
+    </message>
+    <message>
+        <source>Serial number</source>
+        <translation>Numéro de série</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Connecter</translation>
+    </message>
+    <message>
+        <source>Port: %1</source>
+        <translation>Port : %1</translation>
+    </message>
+</context>
+<context>
     <name>Console</name>
     <message>
         <source>The results cannot be written (%1): make room, or write them elsewhere.</source>
@@ -895,6 +947,21 @@ Options de toutes les commandes :
     </message>
 </context>
 <context>
+    <name>LinkBar</name>
+    <message>
+        <source>Connect</source>
+        <translation>Connecter</translation>
+    </message>
+    <message>
+        <source>Disconnect</source>
+        <translation>Déconnecter</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Arrêter</translation>
+    </message>
+</context>
+<context>
     <name>LinkStage</name>
     <message>
         <source>the radio link to the wrench opens</source>
@@ -947,6 +1014,29 @@ Options de toutes les commandes :
     <message>
         <source>%1 was to be dialled, and the dongle said %2</source>
         <translation>%1 devait être appelé, et l’adaptateur radio a dit %2</translation>
+    </message>
+</context>
+<context>
+    <name>LockCard</name>
+    <message>
+        <source>Lock: not known</source>
+        <translation>Verrou : inconnu</translation>
+    </message>
+    <message>
+        <source>Locked</source>
+        <translation>Verrouillée</translation>
+    </message>
+    <message>
+        <source>Unlocked</source>
+        <translation>Déverrouillée</translation>
+    </message>
+    <message>
+        <source>Lock</source>
+        <translation>Verrouiller</translation>
+    </message>
+    <message>
+        <source>Unlock</source>
+        <translation>Déverrouiller</translation>
     </message>
 </context>
 <context>
@@ -1171,6 +1261,31 @@ Options de toutes les commandes :
     </message>
 </context>
 <context>
+    <name>ProgramList</name>
+    <message>
+        <source>%1 %2</source>
+        <comment>torque, unit</comment>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>%1 °</source>
+        <comment>angle</comment>
+        <translation>%1°</translation>
+    </message>
+    <message>
+        <source>Programs</source>
+        <translation>Programmes</translation>
+    </message>
+    <message>
+        <source>They are read from the wrench when it is connected.</source>
+        <translation>Ils sont lus dans la clé à la connexion.</translation>
+    </message>
+    <message>
+        <source>No programs</source>
+        <translation>Aucun programme</translation>
+    </message>
+</context>
+<context>
     <name>ProgramsStage</name>
     <message>
         <source>the programs of the wrench can be read</source>
@@ -1298,6 +1413,57 @@ Options de toutes les commandes :
     <message>
         <source>the wrench %1 is heard with %2 dBm</source>
         <translation>la clé %1 est entendue à %2 dBm</translation>
+    </message>
+</context>
+<context>
+    <name>ResultCard</name>
+    <message>
+        <source>GOOD</source>
+        <translation>BON</translation>
+    </message>
+    <message>
+        <source>NOT GOOD</source>
+        <translation>PAS BON</translation>
+    </message>
+    <message>
+        <source>Connect to a wrench first.</source>
+        <translation>Connectez d’abord une clé.</translation>
+    </message>
+    <message>
+        <source>Tighten: the result appears here.</source>
+        <translation>Serrez : le résultat s’affiche ici.</translation>
+    </message>
+    <message>
+        <source>As soon as the wrench is ready, tighten.</source>
+        <translation>Dès que la clé est prête, serrez.</translation>
+    </message>
+    <message>
+        <source>%1, torque %2 %3</source>
+        <translation>%1, couple %2 %3</translation>
+    </message>
+    <message>
+        <source>No result yet</source>
+        <translation>Pas encore de résultat</translation>
+    </message>
+    <message>
+        <source>angle</source>
+        <translation>angle</translation>
+    </message>
+    <message>
+        <source>direction</source>
+        <translation>sens</translation>
+    </message>
+    <message>
+        <source>reading</source>
+        <translation>mesure</translation>
+    </message>
+    <message>
+        <source>program</source>
+        <translation>programme</translation>
+    </message>
+    <message>
+        <source>at</source>
+        <translation>à</translation>
     </message>
 </context>
 <context>
@@ -1527,6 +1693,29 @@ Options de toutes les commandes :
     <message>
         <source>tighten once while it is waited for; give more time with --wait-result</source>
         <translation>faites un serrage pendant l’attente ; accordez plus de temps avec --wait-result</translation>
+    </message>
+</context>
+<context>
+    <name>RunCard</name>
+    <message>
+        <source>%1 good</source>
+        <translation>%1 bons</translation>
+    </message>
+    <message>
+        <source>%1 not good</source>
+        <translation>%1 pas bons</translation>
+    </message>
+    <message>
+        <source>target %1</source>
+        <translation>consigne %1</translation>
+    </message>
+    <message>
+        <source>Run chart of the last %1 results</source>
+        <translation>Graphique des %1 derniers résultats</translation>
+    </message>
+    <message>
+        <source>The last results are drawn here, as they come.</source>
+        <translation>Les derniers résultats sont tracés ici, au fur et à mesure.</translation>
     </message>
 </context>
 <context>

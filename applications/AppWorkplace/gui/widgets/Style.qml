@@ -13,6 +13,9 @@ QtObject {
     // "light", "dark" or "contrast".
     property string theme: "light"
 
+    // Of the numbers and dates that are shown.
+    property string localeName: "C"
+
     readonly property real baseWidth: Math.max(9, Math.round(windowWidth / 120))
     readonly property real baseHeight: Math.max(9, Math.round(windowHeight / 80))
 
@@ -76,6 +79,23 @@ QtObject {
     readonly property color stripeColor: colors.stripe
     // Neither good nor bad: under way, or to be looked at.
     readonly property color noticeColor: colors.notice
+
+    // A number for people, with so many decimals.
+    function number(value, decimals) {
+        return Number(value).toLocaleString(Qt.locale(localeName), "f", decimals)
+    }
+
+    // A number that came as a text, for people: with as many decimals as were received. What is no number stays as it is.
+    function receivedNumber(text) {
+        var value = Number(text)
+        var point = String(text).indexOf(".")
+        return String(text).trim() === "" || isNaN(value) ? String(text)
+                                                          : number(value, point < 0 ? 0 : text.length - point - 1)
+    }
+
+    function time(date) {
+        return date.toLocaleTimeString(Qt.locale(localeName), "HH:mm:ss")
+    }
 
     // Of the columns of a table.
     function sumOfWidths(columns) {

@@ -16,22 +16,10 @@ Item {
     Accessible.role: Accessible.StatusBar
     Accessible.name: text
 
-    UiGlyph {
+    UiSpinner {
         id: picture
 
         anchors.verticalCenter: parent.verticalCenter
-        color: Style.accentColor
-        height: 2.4 * Style.baseHeight
-        name: "icon-busy"
-        width: height
-
-        // Turns by steps: that something runs is seen as well, and costs little.
-        Timer {
-            interval: 125
-            repeat: true
-            running: busy.visible
-            onTriggered: picture.rotation = (picture.rotation + 45) % 360
-        }
     }
 
     UiLabel {

@@ -16,6 +16,8 @@ T.Button {
     property string description: text
     property int alignment: Qt.AlignHCenter
 
+    // With the gap between it and the words.
+    readonly property real pictureWidth: glyph === "" ? 0 : picture.width + (text === "" ? 0 : row.spacing)
     readonly property color inkColor: !enabled ? Style.textDisabledColor
                                                : isPrimary || isChosen ? Style.accentTextColor : Style.textColor
 
@@ -25,7 +27,7 @@ T.Button {
     Accessible.onPressAction: button.clicked()
 
     implicitHeight: Style.touchSize
-    implicitWidth: Math.max(Style.touchSize, row.implicitWidth + 2 * padding)
+    implicitWidth: Math.max(Style.touchSize, Math.ceil(pictureWidth + words.implicitWidth) + leftPadding + rightPadding)
     padding: 1.5 * Style.baseHeight
     topPadding: 0
     bottomPadding: 0
@@ -52,8 +54,6 @@ T.Button {
         Row {
             id: row
 
-            readonly property real room: button.availableWidth - (picture.visible ? picture.width + spacing : 0)
-
             anchors.verticalCenter: parent.verticalCenter
             x: button.alignment === Qt.AlignLeft ? 0 : Math.max(0, Math.round((parent.width - width) / 2))
             spacing: Style.baseHeight
@@ -70,12 +70,14 @@ T.Button {
             }
 
             UiLabel {
+                id: words
+
                 anchors.verticalCenter: parent.verticalCenter
                 color: button.inkColor
                 font: button.font
                 text: button.text
                 visible: button.text !== ""
-                width: Math.min(implicitWidth, Math.max(0, row.room))
+                width: Math.min(implicitWidth, Math.max(0, button.availableWidth - button.pictureWidth))
             }
         }
     }

@@ -6,12 +6,14 @@ Rectangle {
 
     property string title
     property real padding: Style.spacing
+    // How high what stands in it would like to be; from it the card's own implicit height.
+    property real contentHeight: 0
     default property alias content: place.data
 
     border.color: Style.frameColor
     border.width: Style.lineWidth
     color: Style.surfaceColor
-    implicitHeight: place.y + place.childrenRect.height + padding
+    implicitHeight: place.anchors.topMargin + contentHeight + padding
     radius: Style.radius
 
     UiLabel {
