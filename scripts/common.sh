@@ -18,8 +18,10 @@ require_packages() {
         exit 3
     fi
     local installed missing="" package
-    # It fails when it does not know one of them, and has told of the others all the same.
-    installed=" $(dpkg-query -W -f='${db:Status-Abbrev}${Package} ' "$@" 2>/dev/null | sed 's/\bii  *//g' || true) "
+    # It fails when it does not know one of them, and has told of the others all the same: also of some that are not
+    # installed, because others suggest them.
+    installed=" $(dpkg-query -W -f='${db:Status-Status} ${Package}\n' "$@" 2>/dev/null |
+        sed -n 's/^installed //p' | tr '\n' ' ' || true) "
     for package in "$@"; do
         case "$installed" in *" $package "*) ;; *) missing="$missing $package" ;; esac
     done

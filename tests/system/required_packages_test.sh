@@ -29,9 +29,13 @@ expect() {
     fi
 }
 
-# As the real one: tells of what it knows, and fails when it does not know one.
-tool dpkg-query 'for name in "$@"; do [ "$name" = known ] && printf "ii known "; done
-for name in "${@:3}"; do [ "$name" = known ] || exit 1; done'
+# As the real one: tells of what it knows, which may be no more than that others suggest it, and fails when it does not
+# know one.
+tool dpkg-query 'for name in "${@:3}"; do
+    [ "$name" = known ] && echo "installed known"
+    [ "$name" = suggested ] && echo "not-installed suggested"
+done
+for name in "${@:3}"; do [ "$name" = known ] || [ "$name" = suggested ] || exit 1; done'
 tool apt-get 'echo "apt-get $*" >>"$(dirname "$0")/asked"'
 tool id 'echo 0'
 
@@ -42,6 +46,9 @@ require known absent
 expect "root installs what is missing" "0|Installing: absent" "$status|$said"
 expect "only what is missing is asked for" "apt-get install -y -q --no-install-recommends absent" \
     "$(tail -n 1 "$tools/asked")"
+
+require known suggested
+expect "what others only suggest is missing" "0|Installing: suggested" "$status|$said"
 
 tool id 'echo 1000'
 tool sudo 'exit 1'
