@@ -27,6 +27,7 @@ constexpr int c_entries = 1000000;
 constexpr int c_few = 1000;
 constexpr int c_page = 100;
 constexpr qint64 c_usBetween = 20000;
+constexpr qint64 c_lengthUs = c_entries * c_usBetween;
 
 HistoryRecord recordOf(int i)
 {
@@ -101,8 +102,8 @@ HistoryFilter filterOf(std::int64_t bits)
 {
     HistoryFilter filter;
     if ((bits & 1) != 0) {
-        filter.sinceUs = c_entries / 2 * c_usBetween;
-        filter.untilUs = c_entries / 4 * 3 * c_usBetween;
+        filter.sinceUs = c_lengthUs / 2;
+        filter.untilUs = c_lengthUs / 4 * 3;
     }
     if ((bits & 2) != 0) {
         filter.serialId = QStringLiteral("2211");
@@ -119,7 +120,7 @@ HistoryFilter filterOf(std::int64_t bits)
 /// In the middle of what there is.
 HistoryKey middle()
 {
-    return {c_entries / 8 * 5 * c_usBetween, c_entries / 8 * 5};
+    return {c_lengthUs / 8 * 5, qint64(c_entries) / 8 * 5};
 }
 
 void page(benchmark::State& state)
