@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr int c_defaultLimitMs = 30000; // for a command that has no stop command
 const QString c_driver = QStringLiteral("driver");
 const QString c_serialId = QStringLiteral("serialId");
 const QString c_connectOption = QStringLiteral("connect");
@@ -74,11 +73,8 @@ void RunCommand::interrupt()
         } else {
             Q_EMIT sigDone(int(Problem::Kind::Device));
         }
-    } else if (m_run->stopCommandName().isEmpty()) {
+    } else {
         m_run->stop();
-    } else if (m_stop == nullptr) {
-        m_stop = m_workplace.host().createOrder(*m_run->plugin(), m_run->stopCommandName());
-        m_stop->start();
     }
 }
 
@@ -118,12 +114,6 @@ void RunCommand::begin()
     const DAbstractPlugin* device = m_workplace.rootWith(c_listenCommand, Workplace::Role::Device);
     m_lineEnd = std::make_unique<LineEnd>(wrench(*m_root));
     connect(m_lineEnd.get(), &LineEnd::sigClosed, this, [this] { Q_EMIT sigDone(m_exitStatus); });
-    connect(&m_workplace.host(), &DHost::sigPropertyChanged, this,
-            [this](const DAbstractPlugin* plugin, const QString& name, const QVariant& value) {
-                if (plugin == &m_workplace.driver()) {
-                    driverChanged(name, value);
-                }
-            });
     if (!m_connects) {
         execute();
     } else if (device == nullptr) {
@@ -164,38 +154,21 @@ LinkedDevice RunCommand::wrench(const DAbstractPlugin& root)
 void RunCommand::execute()
 {
     m_console.progress(QStringLiteral("%1 …").arg(m_command));
-    m_run = m_workplace.host().createOrder(*m_workplace.instanceOf(*m_root), m_command, m_values);
-    connect(m_run.get(), &DOrder::sigResultsPublished, this, &RunCommand::take);
+    m_run = std::make_unique<CommandRun>(wrench(*m_root), m_command, m_values);
+    connect(m_run.get(), &CommandRun::sigResults, this, &RunCommand::take);
+    connect(m_run.get(), &CommandRun::sigLineTrouble, this, [this](const QString& message) {
+        m_console.message(QStringLiteral("%1: %2").arg(shownStep(QStringLiteral("link")), message));
+    });
     if (m_recording != nullptr) {
         connect(&m_recording->recorder(), &ResultRecorder::sigResult, this, [this](const QVariantMap& eventData) {
             show({{c_eventData, eventData}});
         });
         connect(&m_recording->recorder(), &ResultRecorder::sigNote, this,
                 [this](const HistoryRecord& note) { m_console.message(historyNoteText(note)); });
-        connect(&m_recording->recorder(), &ResultRecorder::sigFailed, m_run.get(), &DOrder::stop);
+        connect(&m_recording->recorder(), &ResultRecorder::sigFailed, m_run.get(), &CommandRun::abort);
     }
-    connect(m_run.get(), &DOrder::sigFinished, this, &RunCommand::ended);
-    m_run->start(m_limitMs > 0 ? m_limitMs : isEndless() ? 0 : c_defaultLimitMs);
-}
-
-// A listening command outlives a line that is lost and comes back; whatever else waits for it waits in vain.
-void RunCommand::driverChanged(const QString& property, const QVariant& value)
-{
-    if (property == QLatin1String("connected") && value.toBool()) {
-        m_wasConnected = true;
-    } else if (m_run != nullptr && property == QLatin1String("lineError") && !value.toString().isEmpty()) {
-        if (isEndless() && m_wasConnected) {
-            m_console.message(QStringLiteral("%1: %2").arg(shownStep(QStringLiteral("link")), value.toString()));
-        } else {
-            m_lineFailure = value.toString();
-            m_run->stop();
-        }
-    }
-}
-
-bool RunCommand::isEndless() const
-{
-    return !m_run->stopCommandName().isEmpty();
+    connect(m_run.get(), &CommandRun::sigEnded, this, &RunCommand::ended);
+    m_run->start(m_limitMs);
 }
 
 void RunCommand::finish(int exitStatus)
@@ -246,41 +219,13 @@ void RunCommand::ended()
     if (m_recording != nullptr) {
         m_recording->recorder().flush();
     }
-    const QVariantMap results = m_run->results();
-    Problem problem{
-        Problem::Kind::Device, QStringLiteral("run"), tr("the command \"%1\" did not succeed").arg(m_command), {}, {}};
-    bool isDone = false;
-    switch (m_run->outcome()) {
-    case DOrder::Outcome::TimedOut:
-        problem.cause = tr("it was ended by the time limit");
-        problem.mend = tr("give more time with --limit, and check that the wrench is connected");
-        break;
-    case DOrder::Outcome::Stopped:
-        isDone = !m_run->stopCommandName().isEmpty(); // that is how it ends
-        problem.cause = tr("it was interrupted");
-        break;
-    case DOrder::Outcome::Refused:
-    case DOrder::Outcome::Gone:
-    case DOrder::Outcome::None:
-        problem.cause = tr("the plugin refused it");
-        break;
-    case DOrder::Outcome::Finished:
-        isDone = results.value(QStringLiteral("cmd_success"), true).toBool();
-        problem.cause = results.value(QStringLiteral("error"), tr("the device said no or did not answer")).toString();
-        break;
-    }
-    if (!m_lineFailure.isEmpty()) {
-        isDone = false;
-        problem.kind = Problem::Kind::SetUp;
-        problem.cause = m_lineFailure;
-    }
+    std::optional<Problem> problem = m_run->problem();
     if (m_recording != nullptr && m_recording->recorder().failure()) {
-        isDone = false;
-        problem = *m_recording->recorder().failure();
+        problem = m_recording->recorder().failure();
     }
-    if (!isDone) {
+    if (problem) {
         m_console.progress({});
-        tell(problem);
+        tell(*problem);
     }
-    finish(isDone ? 0 : problem.exitStatus());
+    finish(problem ? problem->exitStatus() : 0);
 }

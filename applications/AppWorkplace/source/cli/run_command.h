@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "../history/recording.h"
+#include "../services/command_run.h"
 #include "../services/line_end.h"
 #include "../services/session.h"
 #include "command_line.h"
@@ -31,8 +32,6 @@ private:
     void connectWrench(const DAbstractPlugin& device);
     LinkedDevice wrench(const DAbstractPlugin& root);
     void execute();
-    void driverChanged(const QString& property, const QVariant& value);
-    bool isEndless() const;
     /// Hangs up, if this command has connected, closes the port and ends.
     void finish(int exitStatus);
     void take(const QMap<QString, QVariant>& values);
@@ -49,9 +48,6 @@ private:
     std::unique_ptr<Recording> m_recording;  // null: the command delivers no tightening results
     std::unique_ptr<Session> m_session;      // null: the command does not connect
     std::unique_ptr<LineEnd> m_lineEnd;
-    std::unique_ptr<DOrder> m_run;
-    std::unique_ptr<DOrder> m_stop;
-    bool m_wasConnected = false;
-    QString m_lineFailure; // why the run was ended; empty: it was not ended by the line
+    std::unique_ptr<CommandRun> m_run;
     int m_exitStatus = 0;
 };
