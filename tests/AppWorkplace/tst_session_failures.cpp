@@ -59,6 +59,8 @@ private Q_SLOTS:
     void failsBecauseOfSomethingOutside();
     void tellsTheWordsOfTheWrench();
     void forgetsTheWordsOfAnEarlierStep();
+    void takesNoListThatTheWrenchCutShort();
+    void takesTheListOfAWrenchThatWasBusyFirst();
     void tellsTheWordsBesideTheTimeLimit();
     void usesTheGivenTimeLimit();
     void tellsWhichWrenchesWereHeardInstead();
@@ -244,6 +246,32 @@ void TestSessionFailures::forgetsTheWordsOfAnEarlierStep()
     fixture.start();
     QCOMPARE(fixture.problem.step, QStringLiteral("configure"));
     QVERIFY2(!fixture.problem.cause.contains(QStringLiteral("ERR:2")), qPrintable(fixture.problem.cause));
+}
+
+// The device plugin gives what it has read so far, and calls that a success.
+void TestSessionFailures::takesNoListThatTheWrenchCutShort()
+{
+    SessionFixture fixture;
+    const QVariantList programs{QVariantMap{{QStringLiteral("progId"), 1}}};
+    fixture.device->setReaction(QStringLiteral("listProgram"),
+                                {Reaction::Kind::Answer, {{QStringLiteral("programList"), programs}}, [&] {
+                                     fixture.say("OK\r\nOK:UNT0,TRQ12\r\nERR:7\r\n");
+                                 }});
+    fixture.start();
+    QCOMPARE(fixture.problem.step, QStringLiteral("programs"));
+    QCOMPARE(fixture.problem.cause, QStringLiteral("the line said \"ERR:7\""));
+}
+
+void TestSessionFailures::takesTheListOfAWrenchThatWasBusyFirst()
+{
+    SessionFixture fixture;
+    const QVariantList programs{QVariantMap{{QStringLiteral("progId"), 1}}, QVariantMap{{QStringLiteral("progId"), 2}}};
+    fixture.device->setReaction(QStringLiteral("listProgram"),
+                                {Reaction::Kind::Answer, {{QStringLiteral("programList"), programs}}, [&] {
+                                     fixture.say("ERR:5\r\nOK\r\nOK:UNT0,TRQ12\r\n");
+                                 }});
+    fixture.start();
+    QVERIFY(fixture.events.contains(QStringLiteral("done select 0")));
 }
 
 void TestSessionFailures::tellsTheWordsBesideTheTimeLimit()

@@ -17,6 +17,7 @@ const QString c_keepAliveFrame = QStringLiteral("DI:C\r\n");
 const QString c_keepAliveAnswer = QStringLiteral("OK:");
 const QString c_dialledPrefix = QStringLiteral("ATD ");
 const QString c_refusalPrefix = QStringLiteral("ERR");
+const QString c_atRest = QStringLiteral("OK");         // the answer to the frame with which a list begins
 const QString c_busyRefusal = QStringLiteral("ERR:5"); // a tightening is going on
 
 const QString c_success = QStringLiteral("cmd_success");
@@ -169,7 +170,7 @@ void SetUp::configured(const Results& results)
 void SetUp::programsListed(const Results& results)
 {
     m_programs = results.value(QStringLiteral("programList")).toList();
-    if (m_programs.isEmpty()) {
+    if (m_programs.isEmpty() || m_isListCutShort) {
         failStep(refusalOr(tr("it named none")));
         return;
     }
@@ -282,6 +283,10 @@ void SetUp::lineHeard(const QString& line)
 {
     if (line.startsWith(c_dialledPrefix)) {
         m_dialled = line.mid(c_dialledPrefix.size()).trimmed();
+    } else if (m_isRunning && m_step == Step::Programs) {
+        // The plugin gives what it has read until then as the whole list.
+        m_isListBegun = m_isListBegun || line == c_atRest;
+        m_isListCutShort = m_isListCutShort || (m_isListBegun && line.startsWith(c_refusalPrefix));
     } else if (m_isRunning && m_step == Step::Select && m_run != nullptr && line.startsWith(c_refusalPrefix)) {
         selectionRefused(line);
     }

@@ -111,6 +111,8 @@ private:
     Clock::TimerId m_retry = 0;
     QVariantList m_programs;
     int m_presetsRead = 0;
+    bool m_isListBegun = false;    // the wrench has come to rest for it
+    bool m_isListCutShort = false; // it refused to tell all
     Mode m_mode = Mode::First;
     Step m_step = Step::Connect;
     qint64 m_stepStartUs = 0;
