@@ -76,29 +76,6 @@ QStringList fieldsOf(const QByteArray& line)
     return fields.mid(0, c_fieldsOfAResult);
 }
 
-QList<QStringList> resultsOnTheLine(const LineRecord& record, int from, int to)
-{
-    QList<QStringList> results;
-    const QByteArrayList lines = record.lines(from, to);
-    for (const QByteArray& line : lines) {
-        const QStringList fields = fieldsOf(line);
-        if (!fields.isEmpty()) {
-            results.append(fields);
-        }
-    }
-    return results;
-}
-
-QStringList fieldsOf(const TighteningResult& result)
-{
-    QStringList fields;
-    for (const char* key : {"convertedTorque", "direction", "torqueStatus", "snugTorqueAngle", "angleStatus",
-                            "readingNumber", "readingStatus"}) {
-        fields.append(result.eventData.value(QLatin1String(key)).toString());
-    }
-    return fields;
-}
-
 QString shown(const QStringList& fields)
 {
     return fields.join(QLatin1Char(','));
@@ -198,6 +175,29 @@ QString wrongLoss(const SimulatedWorkplace& workplace, const SessionWatch& watch
 }
 } // namespace
 
+QList<QStringList> resultsOnTheLine(const LineRecord& record, int from, int to)
+{
+    QList<QStringList> results;
+    const QByteArrayList lines = record.lines(from, to);
+    for (const QByteArray& line : lines) {
+        const QStringList fields = fieldsOf(line);
+        if (!fields.isEmpty()) {
+            results.append(fields);
+        }
+    }
+    return results;
+}
+
+QStringList fieldsOf(const QVariantMap& eventData)
+{
+    QStringList fields;
+    for (const char* key : {"convertedTorque", "direction", "torqueStatus", "snugTorqueAngle", "angleStatus",
+                            "readingNumber", "readingStatus"}) {
+        fields.append(eventData.value(QLatin1String(key)).toString());
+    }
+    return fields;
+}
+
 QString wrongEnd(const SimulatedWorkplace& workplace, const SessionWatch& watch, const SessionOrder& order)
 {
     const bool isFailure = watch.summary.end == SessionSummary::End::Failure;
@@ -250,9 +250,9 @@ QString wrongResults(const SimulatedWorkplace& workplace, const SessionWatch& wa
     const int common = qMin(expected.size(), watch.results.size());
     for (int i = 0; i < common; ++i) {
         const TighteningResult& result = watch.results.at(i);
-        if (fieldsOf(result) != expected.at(i) || fieldsOf(result.rawLine) != expected.at(i)) {
+        if (fieldsOf(result.eventData) != expected.at(i) || fieldsOf(result.rawLine) != expected.at(i)) {
             return QStringLiteral("result %1 is \"%2\", from the line \"%3\"; the one that arrived is \"%4\"")
-                .arg(QString::number(i + 1), shown(fieldsOf(result)), QString::fromUtf8(result.rawLine),
+                .arg(QString::number(i + 1), shown(fieldsOf(result.eventData)), QString::fromUtf8(result.rawLine),
                      shown(expected.at(i)));
         }
     }
@@ -261,7 +261,7 @@ QString wrongResults(const SimulatedWorkplace& workplace, const SessionWatch& wa
     }
     return QStringLiteral("%1 result lines arrived, and %2 results were told; the first of the difference is %3")
         .arg(QString::number(expected.size()), QString::number(watch.results.size()),
-             shown(expected.size() > common ? expected.at(common) : fieldsOf(watch.results.at(common))));
+             shown(expected.size() > common ? expected.at(common) : fieldsOf(watch.results.at(common).eventData)));
 }
 
 QString disorder(SimulatedWorkplace& workplace, const SessionWatch& watch)
@@ -272,6 +272,17 @@ QString disorder(SimulatedWorkplace& workplace, const SessionWatch& watch)
     if (wasCalled && record.last(Kind::Opened) > record.last(Kind::Pulled) && record.lastSent() != c_hangUp) {
         return QStringLiteral("the last frame is not the hang-up but ") + QString::fromLatin1(record.lastSent());
     }
+    const QString left = leftovers(workplace);
+    if (!left.isEmpty()) {
+        return left;
+    }
+    return watch.toldAfterTheEnd == 0 ? QString()
+                                      : QStringLiteral("%1 signals after the end").arg(watch.toldAfterTheEnd);
+}
+
+QString leftovers(SimulatedWorkplace& workplace)
+{
+    const LineRecord& record = workplace.record;
     if (workplace.port().isOpen()) {
         return QStringLiteral("the port is still open");
     }
@@ -286,6 +297,5 @@ QString disorder(SimulatedWorkplace& workplace, const SessionWatch& watch)
     if (workplace.clock.waiting() != 0) {
         return QStringLiteral("%1 timers are still set").arg(workplace.clock.waiting());
     }
-    return watch.toldAfterTheEnd == 0 ? QString()
-                                      : QStringLiteral("%1 signals after the end").arg(watch.toldAfterTheEnd);
+    return {};
 }

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <QList>
 #include <QString>
+#include <QStringList>
+#include <QVariantMap>
 
 class SessionWatch;
 class SimulatedWorkplace;
+struct LineRecord;
 struct SessionOrder;
 
 // What must hold of a session that has ended, whatever happened to it. Each returns what does not; empty: all does.
@@ -18,3 +22,11 @@ QString wrongResults(const SimulatedWorkplace& workplace, const SessionWatch& wa
 /// The dongle was told to hang up, the port is closed, nothing runs or waits any more. Lets some time pass, in which
 /// nothing may happen.
 QString disorder(SimulatedWorkplace& workplace, const SessionWatch& watch);
+
+/// The same of any use of the line that has ended, but for the last frame.
+QString leftovers(SimulatedWorkplace& workplace);
+
+/// The seven fields of each result line that arrived whole in the entries from one to before the other.
+QList<QStringList> resultsOnTheLine(const LineRecord& record, int from, int to);
+/// The same fields of a result that was told.
+QStringList fieldsOf(const QVariantMap& eventData);

@@ -5,7 +5,6 @@
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
-#include <QJsonObject>
 #include <QTimer>
 #include <QTimerEvent>
 
@@ -46,15 +45,14 @@ private:
 };
 } // namespace
 
-SimulatedWorkplace::SimulatedWorkplace(const QStringList& options, const QString& traceFile) : host(clock)
+SimulatedWorkplace::SimulatedWorkplace(const QStringList& options, QJsonObject driverSettings) : host(clock)
 {
     auto port = std::make_unique<DonglePort>(options, clock, record);
     m_port = port.get();
     const DriverRoot driverRoot(std::move(port), clock);
     auto configuration = QSharedPointer<QJsonObject>::create();
-    configuration->insert(
-        PDriverSerial::getPluginId().toString(),
-        QJsonObject{{QStringLiteral("port"), QStringLiteral("/dev/simulated")}, {QStringLiteral("trace"), traceFile}});
+    driverSettings.insert(QStringLiteral("port"), QStringLiteral("/dev/simulated"));
+    configuration->insert(PDriverSerial::getPluginId().toString(), driverSettings);
     driver = host.createInstance(driverRoot, QUuid::createUuid(), configuration);
     // The device plugin as it is built: linked in, it and the driver would have classes of the same names.
     const DAbstractPlugin* deviceRoot = DPluginLoader().loadFile(QStringLiteral(DEVICE_PLUGIN));

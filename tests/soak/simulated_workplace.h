@@ -3,6 +3,7 @@
 #include "line_record.h"
 #include "manual_clock.h"
 
+#include <QJsonObject>
 #include <QStringList>
 #include <QVector>
 
@@ -27,8 +28,8 @@ class QTimer;
 class SimulatedWorkplace
 {
 public:
-    /// options: of wrench_simulator. traceFile: as the driver takes it; empty: no trace.
-    explicit SimulatedWorkplace(const QStringList& options, const QString& traceFile = {});
+    /// options: of wrench_simulator. driverSettings: of the driver's configuration, beside the port.
+    explicit SimulatedWorkplace(const QStringList& options, QJsonObject driverSettings = {});
     ~SimulatedWorkplace();
 
     LinkedDevice linked();

@@ -67,7 +67,11 @@ void TestSoakSessions::session()
     QFETCH(quint32, seed);
     const Weather weather(seed);
     const Seeds seeds;
-    SimulatedWorkplace workplace(weather.options, seeds.first == seeds.last ? QStringLiteral("-") : QString());
+    QJsonObject driverSettings;
+    if (seeds.first == seeds.last) {
+        driverSettings.insert(QStringLiteral("trace"), QStringLiteral("-"));
+    }
+    SimulatedWorkplace workplace(weather.options, driverSettings);
     for (const Weather::Event& event : weather.events) {
         workplace.commandLater(event.atMs, event.command);
     }
