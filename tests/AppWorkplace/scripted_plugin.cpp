@@ -22,6 +22,14 @@ bool ScriptedPlugin::isRunning(const QString& command) const
     return running(command) != nullptr;
 }
 
+void ScriptedPlugin::finish(const QString& command)
+{
+    if (ScriptedCommand* found = running(command)) {
+        bool ok = true;
+        found->finishTheCommand(ok);
+    }
+}
+
 void ScriptedPlugin::initPluginCommands()
 {
     for (auto reaction = m_reactions.cbegin(); reaction != m_reactions.cend(); ++reaction) {

@@ -37,6 +37,8 @@ public:
     /// The running command publishes. False when it does not run.
     bool publish(const QString& command, const QMap<QString, QVariant>& values);
     bool isRunning(const QString& command) const;
+    /// The running command ends by itself.
+    void finish(const QString& command);
 
     void initPluginCommands() override;
     IPlugin* createInstance(const QUuid& uuid) const override;

@@ -463,7 +463,7 @@ void TestSessionReconnection::asksABusyWrenchAgain()
     say(fixture, "ERR:5");
     QCOMPARE(fixture.talk, QStringList{QStringLiteral("device stopped setProgram")});
     fixture.answer("setProgram", {{QStringLiteral("cmd_success"), true}});
-    fixture.advance(SetUp::c_busyPauseMs - 1);
+    fixture.advance(ProgramSelection::c_busyPauseMs - 1);
     QCOMPARE(fixture.talk.size(), 1);
     fixture.advance(1);
     QCOMPARE(fixture.talk.mid(1, 2),
@@ -474,7 +474,7 @@ void TestSessionReconnection::asksABusyWrenchAgain()
 void TestSessionReconnection::givesABusyWrenchUpAtTheLimit()
 {
     SessionOrder order = SessionFixture::defaultOrder();
-    order.stepLimitMs = SetUp::c_busyPauseMs;
+    order.stepLimitMs = ProgramSelection::c_busyPauseMs;
     Listening fixture(order);
     fixture.restoreUpTo(QStringLiteral("setProgram"));
     say(fixture, "ERR:5");

@@ -466,6 +466,30 @@ Optionen aller Befehle:
         <source>Program %1</source>
         <translation>Programm %1</translation>
     </message>
+    <message>
+        <source>going to program %1</source>
+        <translation>zu Programm %1 wird gewechselt</translation>
+    </message>
+    <message>
+        <source>locking</source>
+        <translation>wird gesperrt</translation>
+    </message>
+    <message>
+        <source>unlocking</source>
+        <translation>wird entsperrt</translation>
+    </message>
+    <message>
+        <source>no wrench is connected</source>
+        <translation>kein Schlüssel ist verbunden</translation>
+    </message>
+    <message>
+        <source>connect one first</source>
+        <translation>verbinden Sie zuerst einen</translation>
+    </message>
+    <message>
+        <source>the maintenance panel is at work</source>
+        <translation>die Wartungsansicht arbeitet</translation>
+    </message>
 </context>
 <context>
     <name>DeviceRow</name>
@@ -500,6 +524,25 @@ Optionen aller Befehle:
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceRun</name>
+    <message>
+        <source>the device plugin has no command &quot;%1&quot;</source>
+        <translation>das Geräte-Plugin hat keinen Befehl „%1“</translation>
+    </message>
+    <message>
+        <source>the time limit of %1 s ended it, %2</source>
+        <translation>die Zeitgrenze von %1 s hat ihn beendet, %2</translation>
+    </message>
+    <message>
+        <source>there was no answer</source>
+        <translation>es kam keine Antwort</translation>
+    </message>
+    <message>
+        <source>the device plugin refused &quot;%1&quot;</source>
+        <translation>das Geräte-Plugin hat „%1“ abgelehnt</translation>
     </message>
 </context>
 <context>
@@ -854,6 +897,13 @@ Optionen aller Befehle:
     <message>
         <source>choose one of: %1</source>
         <translation>wählen Sie eine von: %1</translation>
+    </message>
+</context>
+<context>
+    <name>LineObserver</name>
+    <message>
+        <source>the line said &quot;%1&quot;</source>
+        <translation>auf der Leitung kam „%1“</translation>
     </message>
 </context>
 <context>
@@ -2158,22 +2208,6 @@ Optionen aller Befehle:
 <context>
     <name>SetUp</name>
     <message>
-        <source>the device plugin has no command &quot;%1&quot;</source>
-        <translation>das Geräte-Plugin hat keinen Befehl „%1“</translation>
-    </message>
-    <message>
-        <source>the time limit of %1 s ended it, %2</source>
-        <translation>die Zeitgrenze von %1 s hat ihn beendet, %2</translation>
-    </message>
-    <message>
-        <source>there was no answer</source>
-        <translation>es kam keine Antwort</translation>
-    </message>
-    <message>
-        <source>the device plugin refused &quot;%1&quot;</source>
-        <translation>das Geräte-Plugin hat „%1“ abgelehnt</translation>
-    </message>
-    <message>
         <source>it refused</source>
         <translation>er hat abgelehnt</translation>
     </message>
@@ -2196,10 +2230,6 @@ Optionen aller Befehle:
     <message>
         <source>check the folder of the plugins with --plugins</source>
         <translation>prüfen Sie mit --plugins den Ordner der Plugins</translation>
-    </message>
-    <message>
-        <source>the line said &quot;%1&quot;</source>
-        <translation>auf der Leitung kam „%1“</translation>
     </message>
 </context>
 <context>
@@ -2400,6 +2430,10 @@ Optionen aller Befehle:
         <source>results</source>
         <translation>Ergebnisse</translation>
     </message>
+    <message>
+        <source>lock</source>
+        <translation>sperren</translation>
+    </message>
 </context>
 <context>
     <name>Supervisor</name>
@@ -2536,6 +2570,73 @@ Optionen aller Befehle:
     <message>
         <source>it did not answer to &quot;%1&quot;</source>
         <translation>er hat auf „%1“ nicht geantwortet</translation>
+    </message>
+</context>
+<context>
+    <name>WrenchOrders</name>
+    <message>
+        <source>try again</source>
+        <translation>versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>check the folder of the plugins with --plugins</source>
+        <translation>prüfen Sie mit --plugins den Ordner der Plugins</translation>
+    </message>
+    <message>
+        <source>the device plugin does not know it</source>
+        <translation>das Geräte-Plugin kennt es nicht</translation>
+    </message>
+    <message>
+        <source>wait until the link is restored, and try again</source>
+        <translation>warten Sie, bis die Verbindung wiederhergestellt ist, und versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>the wrench has the programs 1 to %1, and %2 was asked for</source>
+        <translation>der Schlüssel hat die Programme 1 bis %1, verlangt war %2</translation>
+    </message>
+    <message>
+        <source>choose one of the listed programs</source>
+        <translation>wählen Sie eines der aufgeführten Programme</translation>
+    </message>
+    <message>
+        <source>the session does not listen to the wrench</source>
+        <translation>die Sitzung hört dem Schlüssel nicht zu</translation>
+    </message>
+    <message>
+        <source>wait until it does</source>
+        <translation>warten Sie, bis sie es tut</translation>
+    </message>
+    <message>
+        <source>the link to the wrench is being restored</source>
+        <translation>die Verbindung zum Schlüssel wird wiederhergestellt</translation>
+    </message>
+    <message>
+        <source>wait until it is, and try again</source>
+        <translation>warten Sie, bis sie es ist, und versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>another order is being carried out</source>
+        <translation>ein anderer Auftrag wird gerade ausgeführt</translation>
+    </message>
+    <message>
+        <source>wait until it is done</source>
+        <translation>warten Sie, bis er erledigt ist</translation>
+    </message>
+    <message>
+        <source>the frame could not be written</source>
+        <translation>das Telegramm konnte nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>the wrench has not answered within %1 s</source>
+        <translation>der Schlüssel hat innerhalb von %1 s nicht geantwortet</translation>
+    </message>
+    <message>
+        <source>bring the wrench nearer and try again</source>
+        <translation>bringen Sie den Schlüssel näher, und versuchen Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>the wrench could not be locked</source>
+        <translation>der Schlüssel konnte nicht gesperrt werden</translation>
     </message>
 </context>
 <context>

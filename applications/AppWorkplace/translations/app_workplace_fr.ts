@@ -466,6 +466,30 @@ Options de toutes les commandes :
         <source>Program %1</source>
         <translation>Programme %1</translation>
     </message>
+    <message>
+        <source>going to program %1</source>
+        <translation>passage au programme %1</translation>
+    </message>
+    <message>
+        <source>locking</source>
+        <translation>verrouillage</translation>
+    </message>
+    <message>
+        <source>unlocking</source>
+        <translation>déverrouillage</translation>
+    </message>
+    <message>
+        <source>no wrench is connected</source>
+        <translation>aucune clé n’est connectée</translation>
+    </message>
+    <message>
+        <source>connect one first</source>
+        <translation>connectez-en une d’abord</translation>
+    </message>
+    <message>
+        <source>the maintenance panel is at work</source>
+        <translation>le panneau de maintenance travaille</translation>
+    </message>
 </context>
 <context>
     <name>DeviceRow</name>
@@ -500,6 +524,25 @@ Options de toutes les commandes :
     <message>
         <source>%1: %2</source>
         <translation>%1 : %2</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceRun</name>
+    <message>
+        <source>the device plugin has no command &quot;%1&quot;</source>
+        <translation>le module d’appareil n’a pas de commande « %1 »</translation>
+    </message>
+    <message>
+        <source>the time limit of %1 s ended it, %2</source>
+        <translation>la limite de %1 s l’a arrêtée, %2</translation>
+    </message>
+    <message>
+        <source>there was no answer</source>
+        <translation>il n’y a pas eu de réponse</translation>
+    </message>
+    <message>
+        <source>the device plugin refused &quot;%1&quot;</source>
+        <translation>le module d’appareil a refusé « %1 »</translation>
     </message>
 </context>
 <context>
@@ -854,6 +897,13 @@ Options de toutes les commandes :
     <message>
         <source>choose one of: %1</source>
         <translation>choisissez parmi : %1</translation>
+    </message>
+</context>
+<context>
+    <name>LineObserver</name>
+    <message>
+        <source>the line said &quot;%1&quot;</source>
+        <translation>la ligne a dit « %1 »</translation>
     </message>
 </context>
 <context>
@@ -2158,22 +2208,6 @@ Options de toutes les commandes :
 <context>
     <name>SetUp</name>
     <message>
-        <source>the device plugin has no command &quot;%1&quot;</source>
-        <translation>le module d’appareil n’a pas de commande « %1 »</translation>
-    </message>
-    <message>
-        <source>the time limit of %1 s ended it, %2</source>
-        <translation>la limite de %1 s l’a arrêtée, %2</translation>
-    </message>
-    <message>
-        <source>there was no answer</source>
-        <translation>il n’y a pas eu de réponse</translation>
-    </message>
-    <message>
-        <source>the device plugin refused &quot;%1&quot;</source>
-        <translation>le module d’appareil a refusé « %1 »</translation>
-    </message>
-    <message>
         <source>it refused</source>
         <translation>elle a refusé</translation>
     </message>
@@ -2196,10 +2230,6 @@ Options de toutes les commandes :
     <message>
         <source>check the folder of the plugins with --plugins</source>
         <translation>vérifiez le dossier des modules avec --plugins</translation>
-    </message>
-    <message>
-        <source>the line said &quot;%1&quot;</source>
-        <translation>la ligne a dit « %1 »</translation>
     </message>
 </context>
 <context>
@@ -2400,6 +2430,10 @@ Options de toutes les commandes :
         <source>results</source>
         <translation>résultats</translation>
     </message>
+    <message>
+        <source>lock</source>
+        <translation>blocage</translation>
+    </message>
 </context>
 <context>
     <name>Supervisor</name>
@@ -2536,6 +2570,73 @@ Options de toutes les commandes :
     <message>
         <source>it did not answer to &quot;%1&quot;</source>
         <translation>elle n’a pas répondu à « %1 »</translation>
+    </message>
+</context>
+<context>
+    <name>WrenchOrders</name>
+    <message>
+        <source>try again</source>
+        <translation>réessayez</translation>
+    </message>
+    <message>
+        <source>check the folder of the plugins with --plugins</source>
+        <translation>vérifiez le dossier des modules avec --plugins</translation>
+    </message>
+    <message>
+        <source>the device plugin does not know it</source>
+        <translation>le plugin de l’appareil ne le connaît pas</translation>
+    </message>
+    <message>
+        <source>wait until the link is restored, and try again</source>
+        <translation>attendez que la liaison soit rétablie, puis réessayez</translation>
+    </message>
+    <message>
+        <source>the wrench has the programs 1 to %1, and %2 was asked for</source>
+        <translation>la clé a les programmes 1 à %1, et %2 était demandé</translation>
+    </message>
+    <message>
+        <source>choose one of the listed programs</source>
+        <translation>choisissez l’un des programmes listés</translation>
+    </message>
+    <message>
+        <source>the session does not listen to the wrench</source>
+        <translation>la session n’est pas à l’écoute de la clé</translation>
+    </message>
+    <message>
+        <source>wait until it does</source>
+        <translation>attendez qu’elle le soit</translation>
+    </message>
+    <message>
+        <source>the link to the wrench is being restored</source>
+        <translation>la liaison avec la clé est en cours de rétablissement</translation>
+    </message>
+    <message>
+        <source>wait until it is, and try again</source>
+        <translation>attendez qu’elle le soit, puis réessayez</translation>
+    </message>
+    <message>
+        <source>another order is being carried out</source>
+        <translation>un autre ordre est en cours d’exécution</translation>
+    </message>
+    <message>
+        <source>wait until it is done</source>
+        <translation>attendez qu’il soit terminé</translation>
+    </message>
+    <message>
+        <source>the frame could not be written</source>
+        <translation>la trame n’a pas pu être écrite</translation>
+    </message>
+    <message>
+        <source>the wrench has not answered within %1 s</source>
+        <translation>la clé n’a pas répondu en %1 s</translation>
+    </message>
+    <message>
+        <source>bring the wrench nearer and try again</source>
+        <translation>rapprochez la clé et réessayez</translation>
+    </message>
+    <message>
+        <source>the wrench could not be locked</source>
+        <translation>la clé n’a pas pu être verrouillée</translation>
     </message>
 </context>
 <context>

@@ -11,7 +11,10 @@ IPluginHost::~IPluginHost() = default;
 
 DHost::DHost(Clock& clock, QObject* parent)
     : QObject(parent), m_router(clock, m_instances), m_treatments(m_router, m_instances)
-{}
+{
+    connect(&m_treatments, &DTreatmentQueue::sigTreatmentStarted, this, &DHost::sigTreatmentStarted);
+    connect(&m_treatments, &DTreatmentQueue::sigTreated, this, &DHost::sigTreated);
+}
 
 DHost::~DHost()
 {

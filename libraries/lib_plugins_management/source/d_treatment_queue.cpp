@@ -105,6 +105,7 @@ void DTreatmentQueue::runNext(DAbstractPlugin* device)
     Line& line = m_lines[device];
     const Treatment& next = line.waiting.front();
     const quint64 id = next.id;
+    const QString name = next.name;
     line.running = m_router.createOrder(*device, next.name, next.parameters);
     if (line.running == nullptr) {
         QMetaObject::invokeMethod(
@@ -113,6 +114,7 @@ void DTreatmentQueue::runNext(DAbstractPlugin* device)
                 answer(device, id, {{c_successResult, false}});
             },
             Qt::QueuedConnection);
+        Q_EMIT sigTreatmentStarted(device, name);
         return;
     }
     connect(line.running.get(), &DOrder::sigFinished, this, [this, device, id] {
@@ -124,15 +126,27 @@ void DTreatmentQueue::runNext(DAbstractPlugin* device)
         answer(device, id, reply);
     });
     line.running->start(c_treatmentLimitMs);
+    Q_EMIT sigTreatmentStarted(device, name);
 }
 
 void DTreatmentQueue::answer(DAbstractPlugin* device, quint64 id, const QMap<QString, QVariant>& reply)
 {
-    const auto line = m_lines.find(device);
-    if (line == m_lines.end() || line->second.waiting.front().id != id) {
-        return; // the device has gone meanwhile, and its treatments were answered; another may have its address
+    auto line = m_lines.find(device);
+    // The device may have gone meanwhile, and its treatments were answered; another may have its address.
+    const auto hasGone = [&] { return line == m_lines.end() || line->second.waiting.front().id != id; };
+    if (hasGone()) {
+        return;
     }
     const Treatment answered = line->second.waiting.front();
+    const QPointer<DTreatmentQueue> self(this);
+    Q_EMIT sigTreated(device, answered.name, answered.parameters, reply);
+    if (self.isNull()) {
+        return; // likewise
+    }
+    line = m_lines.find(device);
+    if (hasGone()) {
+        return;
+    }
     line->second.waiting.pop_front();
     if (DOrder* ended = line->second.running.release()) {
         ended->deleteLater(); // it is telling us of its end

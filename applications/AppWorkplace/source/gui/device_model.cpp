@@ -99,12 +99,33 @@ void DeviceModel::stop()
 
 void DeviceModel::selectProgram(int program)
 {
-    Q_UNUSED(program)
+    if (prepareOrder(tr("going to program %1").arg(program))) {
+        m_session->session().selectProgram(program);
+    }
 }
 
 void DeviceModel::setLock(bool isLocked)
 {
-    Q_UNUSED(isLocked)
+    if (prepareOrder(isLocked ? tr("locking") : tr("unlocking"))) {
+        m_session->session().setLock(isLocked);
+    }
+}
+
+bool DeviceModel::prepareOrder(const QString& text)
+{
+    if (m_session == nullptr) {
+        tell({Problem::Kind::Usage,
+              QStringLiteral("connect"),
+              tr("no wrench is connected"),
+              {},
+              tr("connect one first")});
+        return false;
+    }
+    if (!m_isOrderRunning) { // else it is going to be refused
+        forgetProblem();
+        m_orderText = text;
+    }
+    return true;
 }
 
 void DeviceModel::forgetProblem()
@@ -265,7 +286,7 @@ void DeviceModel::connectSession()
         m_programs = wrench_entries::programs(programs);
         Q_EMIT programsChanged();
     });
-    connect(session, &Session::sigSelected, this, &DeviceModel::setProgram);
+    connectOrders();
     connect(session, &Session::sigLink, this, &DeviceModel::linkReported);
     connect(m_session.get(), &RecordedSession::sigResult, this, &DeviceModel::takeResult);
     connect(m_session.get(), &RecordedSession::sigNote, this, [this](const HistoryRecord& note) {
@@ -279,11 +300,28 @@ void DeviceModel::connectSession()
     connect(m_session.get(), &RecordedSession::sigFinished, this, &DeviceModel::sessionEnded);
 }
 
+void DeviceModel::connectOrders()
+{
+    const Session* session = &m_session->session();
+    connect(session, &Session::sigSelected, this, &DeviceModel::setProgram);
+    connect(session, &Session::sigLocked, this, [this](bool isLocked) { setLockState(true, isLocked); });
+    connect(session, &Session::sigLockUnknown, this, [this] { setLockState(false, false); });
+    connect(session, &Session::sigOrderStarted, this, [this] {
+        m_isOrderRunning = true;
+        tellNewTexts();
+    });
+    connect(session, &Session::sigOrderEnded, this, [this] {
+        m_isOrderRunning = false;
+        m_orderText.clear();
+        tellNewTexts();
+    });
+    connect(session, &Session::sigOrderRefused, this, &DeviceModel::tell);
+}
+
 void DeviceModel::stepStarted(Session::Step step)
 {
     m_step = step;
     if (step == Session::Step::Listen) {
-        setLockState(true, false);
         setState(Working);
     }
     tellNewTexts();
@@ -315,6 +353,8 @@ void DeviceModel::sessionEnded()
 {
     dismiss(m_session);
     m_recording.reset();
+    m_isOrderRunning = false;
+    m_orderText.clear();
     setLockState(false, false);
     setProgram(0);
     setState(Idle);
@@ -358,6 +398,9 @@ QString DeviceModel::stateText() const
 
 QString DeviceModel::busyText() const
 {
+    if (m_state == Working && m_isOrderRunning) {
+        return m_orderText.isEmpty() ? tr("the maintenance panel is at work") : m_orderText;
+    }
     return m_state == Idle || m_state == Working ? QString() : stateText();
 }
 

@@ -139,6 +139,8 @@ private:
     void connectSession();
     void stepStarted(Session::Step step);
     void linkReported(const LinkReport& report);
+    void connectOrders();
+    bool prepareOrder(const QString& text);
     void takeResult(const QVariantMap& eventData, const HistoryRecord& record);
     void sessionEnded();
 
@@ -167,6 +169,8 @@ private:
     int m_program = 0;
     bool m_isLocked = false;
     bool m_isLockKnown = false;
+    QString m_orderText; // what is being carried out
+    bool m_isOrderRunning = false;
     QVariantMap m_result;
     RecentResults m_recent;
     int m_good = 0;

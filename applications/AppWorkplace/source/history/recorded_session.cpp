@@ -6,9 +6,11 @@ RecordedSession::RecordedSession(const LinkedDevice& wrench, const SessionOrder&
                                  QObject* parent)
     : QObject(parent), m_recorder(recorder), m_session(wrench, order)
 {
-    // A session's own commands, of its steps and of a link that is being restored, may hear chunks that it does not.
+    // A session's own commands, of its steps, of orders and of a link that is being restored, may hear chunks that it
+    // does not.
     connect(&m_session, &Session::sigStepStarted, &m_recorder, &ResultRecorder::forgetChunk);
     connect(&m_session, &Session::sigLink, &m_recorder, &ResultRecorder::forgetChunk);
+    connect(&m_session, &Session::sigOrderEnded, &m_recorder, &ResultRecorder::forgetChunk);
     connect(&m_session, &Session::sigChunk, &m_recorder, &ResultRecorder::takeChunk);
     connect(&m_session, &Session::sigResult, this, [this](const TighteningResult& result) {
         if (!m_recorder.take(result)) {

@@ -46,6 +46,11 @@ void LineObserver::stop()
     }
 }
 
+QString LineObserver::refusalOr(const QString& otherwise) const
+{
+    return m_lastRefusal.isEmpty() ? otherwise : tr("the line said \"%1\"").arg(m_lastRefusal);
+}
+
 void LineObserver::forgetPartialLine()
 {
     m_partialLine.clear();

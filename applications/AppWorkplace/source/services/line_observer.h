@@ -27,6 +27,8 @@ public:
     /// The last line beginning with "ERR" since forgetRefusal(); empty: none.
     QString lastRefusal() const { return m_lastRefusal; }
     void forgetRefusal() { m_lastRefusal.clear(); }
+    /// In words what lastRefusal() was, else the other text.
+    QString refusalOr(const QString& otherwise) const;
 
     /// The line has been away: what comes now is not the rest of what came before.
     void forgetPartialLine();

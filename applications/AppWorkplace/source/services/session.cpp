@@ -34,13 +34,14 @@ Session::Session(const LinkedDevice& wrench, const SessionOrder& order, QObject*
     , m_order(order)
     , m_setUp(wrench, order, m_observer)
     , m_supervisor(wrench, order, m_setUp, m_observer)
+    , m_orders(wrench, order, m_setUp, m_observer)
     , m_lineEnd(wrench)
 {
     connect(&m_lineEnd, &LineEnd::sigClosed, this, &Session::finish);
     connect(&m_observer, &LineObserver::sigLineHeard, this,
             [this](const QByteArray& line, int chunk) { m_observed.add(line, chunk); });
     connect(&m_observer, &LineObserver::sigChunkHeard, this, [this](int chunk) {
-        if (m_step == Step::Listen && !m_isRestoring && !m_isEnding) {
+        if (m_step == Step::Listen && !m_isRestoring && !m_orders.isRunning() && !m_isEnding) {
             Q_EMIT sigChunk(chunk);
         }
     });
@@ -51,12 +52,18 @@ Session::Session(const LinkedDevice& wrench, const SessionOrder& order, QObject*
                 }
             });
     connectSetUp();
+    connectOrders();
     connect(&m_supervisor, &Supervisor::sigGaveUp, this, &Session::fail);
     connect(&m_supervisor, &Supervisor::sigLink, this, [this](const LinkReport& report) {
         // Whatever comes from now on comes over a new link.
         m_isReconnected = m_isReconnected || report.kind == LinkReport::Kind::Restoring;
         m_isRestoring = report.kind != LinkReport::Kind::Restored;
         Q_EMIT sigLink(report);
+        if (report.kind == LinkReport::Kind::Lost) {
+            m_orders.linkLost(report.message);
+        } else if (report.kind == LinkReport::Kind::Restored) {
+            m_orders.linkRestored();
+        }
     });
 }
 
@@ -94,6 +101,16 @@ void Session::connectSetUp()
     });
 }
 
+void Session::connectOrders()
+{
+    connect(&m_orders, &WrenchOrders::sigStarted, this, &Session::sigOrderStarted);
+    connect(&m_orders, &WrenchOrders::sigEnded, this, &Session::sigOrderEnded);
+    connect(&m_orders, &WrenchOrders::sigSelected, this, &Session::sigSelected);
+    connect(&m_orders, &WrenchOrders::sigLocked, this, &Session::sigLocked);
+    connect(&m_orders, &WrenchOrders::sigLockUnknown, this, &Session::sigLockUnknown);
+    connect(&m_orders, &WrenchOrders::sigRefused, this, &Session::sigOrderRefused);
+}
+
 Session::~Session()
 {
     cancelTimer();
@@ -123,6 +140,16 @@ void Session::fail(const Problem& problem)
 void Session::discount(const TighteningResult& result)
 {
     --(isGood(result.eventData) ? m_summary.good : m_summary.notGood);
+}
+
+void Session::selectProgram(int program)
+{
+    m_orders.selectProgram(program);
+}
+
+void Session::setLock(bool isLocked)
+{
+    m_orders.setLock(isLocked);
 }
 
 void Session::begin(Step step)
@@ -160,6 +187,9 @@ void Session::listen()
     }
     if (!m_isEnding) {
         m_supervisor.start();
+    }
+    if (!m_isEnding) { // it may have found the link lost, for good
+        m_orders.start();
     }
 }
 
@@ -326,6 +356,7 @@ void Session::end(SessionSummary::End how)
         m_summary.program = m_wrench.device.getProperty(c_currentProgram, QVariant(0)).toInt();
     }
     unsubscribe();
+    m_orders.stop();
     m_supervisor.stop();
     m_setUp.stop();
     m_observer.stop();

@@ -20,6 +20,7 @@
 #include "set_up.h"
 #include "supervisor.h"
 #include "tightening_result.h"
+#include "wrench_orders.h"
 
 /// The main job: connect to a wrench, configure it, list its programs, select one, unlock it, and take its tightening
 /// results until a count, a time or an interruption. Whatever happens, it ends in an orderly way: what listens is
@@ -43,6 +44,10 @@ public:
     void interrupt();
     /// The same, because of something outside the session.
     void fail(const Problem& problem);
+    /// Orders, while it listens. Each answers with sigSelected or sigLocked, or with sigOrderRefused, and changes what
+    /// a restoring brings the wrench back to. program: from 1.
+    void selectProgram(int program);
+    void setLock(bool isLocked);
     /// From inside sigResult: it is a reading that was told before, and does not count.
     void discount(const TighteningResult& result);
 
@@ -54,7 +59,18 @@ Q_SIGNALS:
     void sigNamesakes(const QVariantList& wrenches, const QString& taken);
     /// The programs as the device plugin lists them, each with its "presetData" added.
     void sigPrograms(const QVariantList& programs);
+    /// Of the steps, of an order and of a maintenance panel. program: 0 when an order has failed on its way and it is
+    /// not known where the wrench stands.
     void sigSelected(int program, const QVariantMap& preset);
+    /// Likewise, and when it begins to listen.
+    void sigLocked(bool isLocked);
+    /// An order has failed on its way.
+    void sigLockUnknown();
+    /// An order, or what a panel asks for, is being carried out from now on, or is not any more.
+    void sigOrderStarted();
+    void sigOrderEnded();
+    /// It is not carried out, or has failed. The session goes on.
+    void sigOrderRefused(const Problem& problem);
     void sigResult(const TighteningResult& result);
     /// A chunk of input, by the driver's number, while the session listens and runs no command of its own.
     void sigChunk(int number);
@@ -66,6 +82,7 @@ Q_SIGNALS:
 
 private:
     void connectSetUp();
+    void connectOrders();
     void begin(Step step);
     void lineIsOpen();
     void subscribe();
@@ -98,6 +115,7 @@ private:
     LineObserver m_observer;
     SetUp m_setUp;
     Supervisor m_supervisor;
+    WrenchOrders m_orders; // hears a line after the supervisor has
     LineEnd m_lineEnd;
     std::unique_ptr<DOrder> m_listener;
     ObservedResults m_observed;

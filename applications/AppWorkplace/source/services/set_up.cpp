@@ -1,30 +1,23 @@
 #include "set_up.h"
 
-#include <utility>
-
 #include <lib_plugins_management/d_abstract_plugin.h>
-#include <lib_plugins_management/host/d_host.h>
+#include <lib_utilities/clock.h>
 
 #include "line_observer.h"
 
 namespace {
 
-constexpr int c_millisecondsPerSecond = 1000;
 constexpr qint64 c_microsecondsPerMillisecond = 1000;
-constexpr int c_noProgram = 0; // wrenches count theirs from 1
 
 const QString c_keepAliveFrame = QStringLiteral("DI:C\r\n");
 const QString c_keepAliveAnswer = QStringLiteral("OK:");
 const QString c_dialledPrefix = QStringLiteral("ATD ");
 const QString c_refusalPrefix = QStringLiteral("ERR");
-const QString c_atRest = QStringLiteral("OK");         // the answer to the frame with which a list begins
-const QString c_busyRefusal = QStringLiteral("ERR:5"); // a tightening is going on
+const QString c_atRest = QStringLiteral("OK"); // the answer to the frame with which a list begins
 
 const QString c_success = QStringLiteral("cmd_success");
 const QString c_progId = QStringLiteral("progId");
 const QString c_presetData = QStringLiteral("presetData");
-const QString c_currentProgram = QStringLiteral("currentProgId");
-const QString c_setProgram = QStringLiteral("setProgram");
 const QString c_setKeepAlive = QStringLiteral("setKeepAliveFonction");
 const QString c_frame = QStringLiteral("frame");
 const QString c_responseFrame = QStringLiteral("responseFrame");
@@ -37,16 +30,26 @@ const QString c_lostState = QStringLiteral("lost");
 } // namespace
 
 SetUp::SetUp(const LinkedDevice& wrench, const SessionOrder& order, LineObserver& observer, QObject* parent)
-    : QObject(parent), m_wrench(wrench), m_order(order), m_observer(observer)
+    : QObject(parent)
+    , m_wrench(wrench)
+    , m_order(order)
+    , m_observer(observer)
+    , m_run(wrench, observer)
+    , m_selection(wrench, observer)
+    , m_program(order.program)
 {
     connect(&observer, &LineObserver::sigWrenchHeard, this, &SetUp::wrenchHeard);
     connect(&observer, &LineObserver::sigLineHeard, this,
             [this](const QByteArray& line) { lineHeard(QString::fromUtf8(line).trimmed()); });
-}
-
-SetUp::~SetUp()
-{
-    m_wrench.clock.cancel(m_retry);
+    connect(&m_run, &DeviceRun::sigFailed, this, &SetUp::failStep);
+    connect(&m_run, &DeviceRun::sigUnusable, this, &SetUp::failSetUp);
+    connect(&m_selection, &ProgramSelection::sigDone, this, &SetUp::programSelected);
+    connect(&m_selection, &ProgramSelection::sigNoSuchProgram, this, [this] {
+        failStep(m_observer.refusalOr(
+            tr("the wrench has the programs 1 to %1, and %2 was asked for").arg(m_programs.size()).arg(*m_program)));
+    });
+    connect(&m_selection, &ProgramSelection::sigFailed, this, &SetUp::failStep);
+    connect(&m_selection, &ProgramSelection::sigUnusable, this, &SetUp::failSetUp);
 }
 
 void SetUp::start(Mode mode)
@@ -64,8 +67,8 @@ void SetUp::start(Mode mode)
 void SetUp::stop()
 {
     m_isRunning = false;
-    m_wrench.clock.cancel(std::exchange(m_retry, 0));
-    drop(m_run);
+    m_run.stop();
+    m_selection.stop();
 }
 
 void SetUp::begin(Step step)
@@ -86,45 +89,8 @@ void SetUp::done()
 
 void SetUp::run(const QString& command, const Results& parameters, Continuation then)
 {
-    if (!m_isRunning) {
-        return; // likewise
-    }
-    m_run = m_wrench.host.createOrder(m_wrench.device, command, parameters);
-    if (m_run == nullptr) {
-        failSetUp(tr("the device plugin has no command \"%1\"").arg(command));
-        return;
-    }
-    connect(m_run.get(), &DOrder::sigFinished, this, [this, then] {
-        const std::unique_ptr<DOrder, void (*)(DOrder*)> ended(m_run.release(),
-                                                               [](DOrder* order) { order->deleteLater(); });
-        switch (ended->outcome()) {
-        case DOrder::Outcome::Finished:
-            (this->*then)(ended->results());
-            break;
-        case DOrder::Outcome::TimedOut:
-            failStep(tr("the time limit of %1 s ended it, %2")
-                         .arg(double(limitMs()) / c_millisecondsPerSecond)
-                         .arg(refusalOr(tr("there was no answer"))));
-            break;
-        case DOrder::Outcome::Stopped:
-            break;
-        case DOrder::Outcome::None:
-        case DOrder::Outcome::Refused:
-        case DOrder::Outcome::Gone:
-            failSetUp(tr("the device plugin refused \"%1\"").arg(ended->commandName()));
-            break;
-        }
-    });
-    m_run->start(limitMs());
-}
-
-/// From a later turn: it may be telling us of its end.
-void SetUp::drop(std::unique_ptr<DOrder>& order)
-{
-    if (DOrder* running = order.release()) {
-        running->disconnect(this);
-        running->stop();
-        running->deleteLater();
+    if (m_isRunning) { // else likewise
+        m_run.start(command, parameters, limitMs(), [this, then](const Results& results) { (this->*then)(results); });
     }
 }
 
@@ -144,7 +110,7 @@ void SetUp::connected(const Results& results)
 {
     tellNamesakes();
     if (!results.value(c_success).toBool()) {
-        failStep(refusalOr(m_heard.whyNot(m_order.serialId)));
+        failStep(m_observer.refusalOr(m_heard.whyNot(m_order.serialId)));
         return;
     }
     done();
@@ -155,7 +121,7 @@ void SetUp::connected(const Results& results)
 void SetUp::configured(const Results& results)
 {
     if (!results.value(c_success).toBool()) {
-        failStep(refusalOr(tr("it refused")));
+        failStep(m_observer.refusalOr(tr("it refused")));
         return;
     }
     done();
@@ -171,7 +137,7 @@ void SetUp::programsListed(const Results& results)
 {
     m_programs = results.value(QStringLiteral("programList")).toList();
     if (m_programs.isEmpty() || m_isListCutShort) {
-        failStep(refusalOr(tr("it named none")));
+        failStep(m_observer.refusalOr(tr("it named none")));
         return;
     }
     m_presetsRead = 0;
@@ -200,42 +166,19 @@ void SetUp::presetRead(const Results& results)
 
 void SetUp::select()
 {
-    if (!m_order.program) {
+    if (!m_program) {
         unlock();
         return;
     }
     begin(Step::Select);
-    goToProgram();
-}
-
-// Asked for the program that it believes current, the plugin leaves the wrench alone. What it believes is what was
-// asked for last, or the end of its walk through the list, and the wrench may stand elsewhere: at its first program
-// after that walk, at any after it was switched off and on. Asked for a program that no wrench has, the plugin says no,
-// sends nothing, and believes nothing any more; so the next one it goes to.
-void SetUp::goToProgram()
-{
-    if (m_wrench.device.getProperty(c_currentProgram, QVariant(c_noProgram)).toInt() == *m_order.program) {
-        run(c_setProgram, {{c_progId, c_noProgram}}, &SetUp::goToProgramForSure);
-    } else {
-        goToProgramForSure({});
+    if (m_isRunning) { // likewise
+        m_selection.start(*m_program, limitMs());
     }
 }
 
-void SetUp::goToProgramForSure(const Results& results)
+void SetUp::programSelected(int program, const QVariantMap& preset)
 {
-    Q_UNUSED(results)
-    run(c_setProgram, {{c_progId, *m_order.program}}, &SetUp::programSelected);
-}
-
-void SetUp::programSelected(const Results& results)
-{
-    if (!results.value(c_success).toBool()) {
-        failStep(refusalOr(tr("the wrench has the programs 1 to %1, and %2 was asked for")
-                               .arg(m_programs.size())
-                               .arg(*m_order.program)));
-        return;
-    }
-    Q_EMIT sigSelected(*m_order.program, results.value(c_presetData).toMap());
+    Q_EMIT sigSelected(program, preset);
     done();
     unlock();
 }
@@ -243,6 +186,10 @@ void SetUp::programSelected(const Results& results)
 // The configuration leaves the wrench locked, and a locked wrench does not tighten.
 void SetUp::unlock()
 {
+    if (m_isToBeLocked) {
+        setKeepAlive();
+        return;
+    }
     begin(Step::Unlock);
     run(QStringLiteral("setLock"), {{QStringLiteral("lock"), false}}, &SetUp::unlocked);
 }
@@ -250,10 +197,15 @@ void SetUp::unlock()
 void SetUp::unlocked(const Results& results)
 {
     if (!results.value(c_success).toBool()) {
-        failStep(refusalOr(tr("the frame could not be written")));
+        failStep(m_observer.refusalOr(tr("the frame could not be written")));
         return;
     }
     done();
+    setKeepAlive();
+}
+
+void SetUp::setKeepAlive()
+{
     run(c_setKeepAlive, {{c_frame, c_keepAliveFrame}, {c_responseFrame, c_keepAliveAnswer}}, &SetUp::keepAliveSet);
 }
 
@@ -287,8 +239,6 @@ void SetUp::lineHeard(const QString& line)
         // The plugin gives what it has read until then as the whole list.
         m_isListBegun = m_isListBegun || line == c_atRest;
         m_isListCutShort = m_isListCutShort || (m_isListBegun && line.startsWith(c_refusalPrefix));
-    } else if (m_isRunning && m_step == Step::Select && m_run != nullptr && line.startsWith(c_refusalPrefix)) {
-        selectionRefused(line);
     }
 }
 
@@ -306,21 +256,6 @@ void SetUp::tellNamesakes()
         m_namesakesTold = wrenches.size();
         m_takenTold = taken;
         Q_EMIT sigNamesakes(wrenches, taken);
-    }
-}
-
-// The plugin takes no notice of a refusal there and would wait for its time limit.
-void SetUp::selectionRefused(const QString& line)
-{
-    if (line == c_busyRefusal && elapsedMs() + c_busyPauseMs < limitMs()) {
-        drop(m_run);
-        m_retry = m_wrench.clock.callAfter(c_busyPauseMs, [this] {
-            m_retry = 0;
-            goToProgram();
-        });
-    } else {
-        drop(m_run);
-        failStep(refusalOr(line));
     }
 }
 
@@ -359,10 +294,4 @@ int SetUp::limitMs() const
 qint64 SetUp::elapsedMs() const
 {
     return (m_wrench.clock.nowUs() - m_stepStartUs) / c_microsecondsPerMillisecond;
-}
-
-QString SetUp::refusalOr(const QString& otherwise) const
-{
-    const QString refusal = m_observer.lastRefusal();
-    return refusal.isEmpty() ? otherwise : tr("the line said \"%1\"").arg(refusal);
 }

@@ -3,14 +3,13 @@
 #include <QObject>
 #include <QVariant>
 
-#include <memory>
+#include <optional>
 
-#include <lib_plugins_management/host/d_order.h>
-#include <lib_utilities/clock.h>
-
+#include "device_run.h"
 #include "heard_wrenches.h"
 #include "linked_device.h"
 #include "problem.h"
+#include "program_selection.h"
 #include "session_order.h"
 #include "session_step.h"
 
@@ -20,7 +19,7 @@ class LineObserver;
 /// wrench back to where it was after its link was lost:
 ///
 ///     First:      connect, configure, programs, select (where a program is asked for), unlock
-///     Restoring:  connect, configure, select (likewise), unlock
+///     Restoring:  connect, configure, select (where one was chosen), unlock (unless it was locked)
 ///
 /// The keep-alive is off while it restores, so that no question of the driver gets between the steps, and on at the
 /// end. The wrench stays locked until it stands at its program: nobody tightens with another one.
@@ -32,16 +31,19 @@ public:
     using Step = SessionStep;
     enum class Mode { First, Restoring };
 
-    static constexpr int c_busyPauseMs = 500; ///< before a wrench that is tightening is asked again
-
     /// The observer listens to the same line, and outlives the object.
     SetUp(const LinkedDevice& wrench, const SessionOrder& order, LineObserver& observer, QObject* parent = nullptr);
-    ~SetUp() override;
 
     /// Answers with sigDone or sigFailed. It does not run yet.
     void start(Mode mode);
     /// Nothing more is sent or told.
     void stop();
+
+    /// What a restoring brings the wrench back to; at first the program of the order, and unlocked.
+    void chooseProgram(int program) { m_program = program; }
+    void chooseLock(bool isLocked) { m_isToBeLocked = isLocked; }
+    std::optional<int> chosenProgram() const { return m_program; } ///< none: the selection is left alone
+    bool isLockChosen() const { return m_isToBeLocked; }
 
     /// The programs as read at the first time, each with its "presetData"; empty before.
     const QVariantList& programs() const { return m_programs; }
@@ -60,14 +62,13 @@ Q_SIGNALS:
     void sigFailed(const Problem& problem);
 
 private:
-    using Results = QMap<QString, QVariant>;
+    using Results = DeviceRun::Results;
     using Continuation = void (SetUp::*)(const Results& results);
 
     void begin(Step step);
     void done();
     /// Runs a command of the device and goes on when it has ended.
     void run(const QString& command, const Results& parameters, Continuation then);
-    void drop(std::unique_ptr<DOrder>& order);
 
     void search(const Results& results);
     void connected(const Results& results);
@@ -76,17 +77,15 @@ private:
     void askNextPreset();
     void presetRead(const Results& results);
     void select();
-    void goToProgram();
-    void goToProgramForSure(const Results& results);
-    void programSelected(const Results& results);
+    void programSelected(int program, const QVariantMap& preset);
     void unlock();
     void unlocked(const Results& results);
+    void setKeepAlive();
     void keepAliveSet(const Results& results);
 
     void wrenchHeard(const QString& address, const QString& serialId, const QString& signalStrength);
     void lineHeard(const QString& line);
     void tellNamesakes();
-    void selectionRefused(const QString& line);
 
     /// The step has failed, by what the device said or did.
     void failStep(const QString& cause);
@@ -96,8 +95,6 @@ private:
 
     int limitMs() const;
     qint64 elapsedMs() const;
-    /// What the line said against it in this step, else the other text.
-    QString refusalOr(const QString& otherwise) const;
 
     const LinkedDevice m_wrench;
     const SessionOrder m_order;
@@ -107,8 +104,10 @@ private:
     int m_namesakesTold = 0;
     QString m_takenTold;
     QString m_dialled; // the address without colons, as the dongle says it
-    std::unique_ptr<DOrder> m_run;
-    Clock::TimerId m_retry = 0;
+    DeviceRun m_run;
+    ProgramSelection m_selection;
+    std::optional<int> m_program;
+    bool m_isToBeLocked = false;
     QVariantList m_programs;
     int m_presetsRead = 0;
     bool m_isListBegun = false;    // the wrench has come to rest for it

@@ -17,7 +17,7 @@ namespace {
     QT_TRANSLATE_NOOP("Step", "plugins"),      QT_TRANSLATE_NOOP("Step", "port"),
     QT_TRANSLATE_NOOP("Step", "line"),         QT_TRANSLATE_NOOP("Step", "dongle"),
     QT_TRANSLATE_NOOP("Step", "range"),        QT_TRANSLATE_NOOP("Step", "wrench"),
-    QT_TRANSLATE_NOOP("Step", "results"),
+    QT_TRANSLATE_NOOP("Step", "results"),      QT_TRANSLATE_NOOP("Step", "lock"),
 };
 
 [[maybe_unused]] constexpr const char* c_lineStates[] = {

@@ -44,6 +44,11 @@ public:
 Q_SIGNALS:
     void sigPropertyChanged(DAbstractPlugin* plugin, const QString& name, const QVariant& value);
     void sigConfigurationChanged(DAbstractPlugin* plugin);
+    /// A panel's treatment of that device runs from now on.
+    void sigTreatmentStarted(DAbstractPlugin* device, const QString& treatment);
+    /// It has ended, before the panel hears of it; each that was started does, unless its device is gone.
+    void sigTreated(DAbstractPlugin* device, const QString& treatment, const QVariantMap& parameters,
+                    const QVariantMap& reply);
 
 private:
     void propertyChanged(DAbstractPlugin& plugin, const QString& name, const QVariant& value) override;

@@ -52,6 +52,11 @@ Q_SIGNALS:
     void sigInstanceAdded(DAbstractPlugin* instance);
     void sigInstanceRemoved(DAbstractPlugin* instance);
     void sigConnectionChanged();
+    /// A treatment runs from now on.
+    void sigTreatmentStarted(DAbstractPlugin* device, const QString& treatment);
+    /// It has ended; each that was started does, unless its device is gone. The backend is answered next.
+    void sigTreated(DAbstractPlugin* device, const QString& treatment, const QVariantMap& parameters,
+                    const QVariantMap& reply);
 
 private:
     struct Treatment
