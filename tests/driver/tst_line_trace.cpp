@@ -275,7 +275,8 @@ void TestLineTrace::endsWithAMessageWhenTheDiskIsFull()
 {
     const ManualClock clock;
     LineTrace trace(clock);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("The trace to /dev/full ends here")));
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression(QStringLiteral("The trace of a port to /dev/full ends here")));
     trace.start(QStringLiteral("/dev/full"), QStringLiteral("a port"));
     QVERIFY(!trace.isOn());
 }

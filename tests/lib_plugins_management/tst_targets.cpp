@@ -3,6 +3,8 @@
 
 #include <thread>
 
+#include <support/log_capture.h>
+
 #include "workbench.h"
 
 /// Where an instruction goes, and when it is refused: addInstruction() returns 0 then and the log says why.
@@ -19,6 +21,7 @@ private Q_SLOTS:
     void commandMayRunItselfAgain();
     void chainToMyselfGoesOneTurnAtATime();
     void unknownTargetIsRefused();
+    void whatIsRefusedAgainAndAgainIsLoggedOnceWithItsDevice();
     void driverThatIsNotLinkedIsRefused();
     void unknownInstructionIsRefused();
     void stopCommandIsAnInstructionToo();
@@ -180,6 +183,30 @@ void TstTargets::unknownTargetIsRefused()
     Workbench::settle();
     QCOMPARE(id, quint64(0));
     QCOMPARE(m_ask->replies.size(), 0);
+}
+
+void TstTargets::whatIsRefusedAgainAndAgainIsLoggedOnceWithItsDevice()
+{
+    const LogCapture log;
+    constexpr int c_times = 1000;
+    m_ask->execute = [&](ScriptedCommand& command) {
+        for (int i = 0; i < c_times; ++i) {
+            command.ask(QStringLiteral("nobody"), c_answer);
+        }
+        return true;
+    };
+    const auto order = m_bench->start(c_ask);
+    Workbench::settle();
+    m_bench->clock.advance(RepeatedWarnings::c_pauseMs);
+    const QString device = m_bench->device->getDebugIdentification();
+    QCOMPARE(log.messages().size(), 2);
+    for (const LogMessage& message : log.messages()) {
+        QCOMPARE(message.type, QtWarningMsg);
+        QCOMPARE(message.category, QStringLiteral("workplace.plugins_management"));
+        QVERIFY2(message.text.startsWith(device), qPrintable(message.text));
+    }
+    QVERIFY2(log.messages().last().text.endsWith(QStringLiteral("(999 × in 10 s)")),
+             qPrintable(log.messages().last().text));
 }
 
 void TstTargets::driverThatIsNotLinkedIsRefused()

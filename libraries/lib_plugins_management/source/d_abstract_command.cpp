@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include <lib_plugins_management/d_abstract_plugin.h>
 #include <lib_plugins_management/host/i_order.h>
 
 #include "d_abstract_command_p.h"
@@ -37,6 +38,13 @@ QJsonArray describe(const QVector<Declaration>& declarations)
         list.append(entry);
     }
     return list;
+}
+
+/// Who has the command, for the log.
+QString deviceOf(const DAbstractCommand& command)
+{
+    const auto* plugin = qobject_cast<const DAbstractPlugin*>(command.parent());
+    return plugin == nullptr ? QStringLiteral("no device") : plugin->getDebugIdentification();
 }
 
 } // namespace
@@ -126,9 +134,10 @@ bool DAbstractCommand::commandExecute()
     const IOrder* order = d_ptr->order();
     if (order == nullptr || !order->acceptsRun()) {
         qCWarning(lcPluginsManagement).noquote()
-            << QStringLiteral("the command \"%1\" is not run: %2")
-                   .arg(d_ptr->name, order == nullptr ? QStringLiteral("it has no order; run it through the host")
-                                                      : QStringLiteral("its order has ended; make a new one"));
+            << QStringLiteral("%1: the command \"%2\" is not run: %3")
+                   .arg(deviceOf(*this), d_ptr->name,
+                        order == nullptr ? QStringLiteral("it has no order; run it through the host")
+                                         : QStringLiteral("its order has ended; make a new one"));
         return false;
     }
     d_ptr->resultValues.clear();
@@ -175,8 +184,9 @@ quint64 DAbstractCommand::addInstruction(const QString& target, const QString& i
     }
     if (order == nullptr || !refusal.isEmpty()) {
         qCWarning(lcPluginsManagement).noquote()
-            << QStringLiteral("the command \"%1\" cannot send \"%2\" to \"%3\": %4")
-                   .arg(d_ptr->name, instruction, target, refusal);
+            << QStringLiteral("%1: the command \"%2\" cannot send \"%3\" to \"%4\": %5")
+                   .arg(isOwnThread ? deviceOf(*this) : QStringLiteral("a device"), d_ptr->name, instruction, target,
+                        refusal);
         return 0;
     }
     const DInstruction added{target, instruction, params, timeoutMs, !onReply.empty()};

@@ -64,9 +64,11 @@ QMap<QString, QVariant> DOrder::results() const
 quint64 DOrder::addInstruction(const DInstruction& instruction)
 {
     if (m_state != State::Running || m_router.isNull()) {
+        const QString device =
+            m_plugin == nullptr ? QStringLiteral("a device that is gone") : m_plugin->getDebugIdentification();
         qCWarning(lcPluginsManagement).noquote()
-            << QStringLiteral("the command \"%1\" cannot send \"%2\" to \"%3\": its run is not open")
-                   .arg(m_commandName, instruction.command, instruction.target);
+            << QStringLiteral("%1: the command \"%2\" cannot send \"%3\" to \"%4\": its run is not open")
+                   .arg(device, m_commandName, instruction.command, instruction.target);
         return 0;
     }
     return m_router->addInstruction(*this, instruction);

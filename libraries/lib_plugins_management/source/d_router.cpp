@@ -22,7 +22,7 @@ const QMap<QString, QVariant>& failure()
 
 /// Null, with a line in the log, when the plugin fails to make the command.
 QSharedPointer<ICommand> makeRun(const DAbstractCommand& prototype, const QMap<QString, QVariant>& parameters,
-                                 const DAbstractPlugin& plugin)
+                                 const DAbstractPlugin& plugin, RepeatedWarnings& warnings)
 {
     QString cause = QStringLiteral("its createCommand() returns none");
     try {
@@ -33,9 +33,8 @@ QSharedPointer<ICommand> makeRun(const DAbstractCommand& prototype, const QMap<Q
     } catch (const std::exception& error) {
         cause = QString::fromUtf8(error.what());
     }
-    qCWarning(lcPluginsManagement).noquote()
-        << QStringLiteral("%1 makes no command \"%2\" (%3); ask the plugin's maker for a mended one")
-               .arg(plugin.getDebugIdentification(), prototype.commandName(), cause);
+    warnings.warn(QStringLiteral("%1 makes no command \"%2\" (%3); ask the plugin's maker for a mended one")
+                      .arg(plugin.getDebugIdentification(), prototype.commandName(), cause));
     return {};
 }
 
@@ -43,12 +42,12 @@ QSharedPointer<ICommand> makeRun(const DAbstractCommand& prototype, const QMap<Q
 
 QString DRouter::Instruction::describe() const
 {
-    return QStringLiteral("the instruction \"%1\" to \"%2\", sent by \"%3\"")
-        .arg(instruction.command, instruction.target, senderName);
+    return QStringLiteral("%1: the instruction \"%2\" to \"%3\", sent by \"%4\"")
+        .arg(senderDevice, instruction.command, instruction.target, senderName);
 }
 
 DRouter::DRouter(Clock& clock, const DInstanceRegistry& registry, QObject* parent)
-    : QObject(parent), m_clock(clock), m_registry(registry)
+    : QObject(parent), m_clock(clock), m_registry(registry), m_warnings(clock, lcPluginsManagement)
 {}
 
 DRouter::~DRouter()
@@ -73,7 +72,7 @@ std::unique_ptr<DOrder> DRouter::createOrder(DAbstractPlugin& plugin, const QStr
     const DAbstractPluginPrivate& table = *DAbstractPluginPrivate::get(plugin);
     QSharedPointer<ICommand> run;
     if (const DAbstractCommand* prototype = table.prototype(command)) {
-        run = makeRun(*prototype, parameters, plugin);
+        run = makeRun(*prototype, parameters, plugin, m_warnings);
     } else if (table.isStopCommand(command)) {
         run = StopRunsCommand::create(command, *this, plugin);
     }
@@ -139,18 +138,18 @@ quint64 DRouter::addInstruction(DOrder& sender, const DInstruction& instruction)
 {
     DAbstractPlugin* plugin = sender.plugin();
     DAbstractPlugin* target = plugin == nullptr ? nullptr : m_registry.resolve(*plugin, instruction.target);
-    Instruction added{instruction, &sender, target, nullptr, 0, sender.commandName()};
+    const QString device = plugin == nullptr ? QString() : plugin->getDebugIdentification();
+    Instruction added{instruction, &sender, target, nullptr, 0, device, sender.commandName()};
     if (target == nullptr) {
-        qCWarning(lcPluginsManagement).noquote()
-            << added.describe() << QStringLiteral("is refused: there is no such target; load it, or link the driver");
+        m_warnings.warn(QStringLiteral("%1 is refused: there is no such target; load it, or link the driver")
+                            .arg(added.describe()));
         return 0;
     }
     const DAbstractPluginPrivate& table = *DAbstractPluginPrivate::get(*target);
     if (table.prototype(instruction.command) == nullptr && !table.isStopCommand(instruction.command)) {
-        qCWarning(lcPluginsManagement).noquote()
-            << added.describe()
-            << QStringLiteral("is refused: %1 has no such command, it has: %2")
-                   .arg(target->getDebugIdentification(), target->getFunctions(true).join(QStringLiteral(", ")));
+        m_warnings.warn(QStringLiteral("%1 is refused: %2 has no such command, it has: %3")
+                            .arg(added.describe(), target->getDebugIdentification(),
+                                 target->getFunctions(true).join(QStringLiteral(", "))));
         return 0;
     }
     const quint64 id = ++m_lastInstructionId;
@@ -264,9 +263,8 @@ void DRouter::limitReached(quint64 id)
 {
     const auto found = m_instructions.constFind(id);
     if (found != m_instructions.constEnd() && found->limit != 0) {
-        qCWarning(lcPluginsManagement).noquote()
-            << found->describe()
-            << QStringLiteral("had no answer within its limit of %1 ms").arg(found->instruction.limitMs);
+        m_warnings.warn(QStringLiteral("%1 had no answer within its limit of %2 ms")
+                            .arg(found->describe(), QString::number(found->instruction.limitMs)));
         fail(id);
     }
 }
@@ -277,7 +275,7 @@ void DRouter::targetGone(quint64 id)
     if (found == m_instructions.constEnd()) {
         return;
     }
-    qCWarning(lcPluginsManagement).noquote() << found->describe() << QStringLiteral("is over: its target is gone");
+    m_warnings.warn(QStringLiteral("%1 is over: its target is gone").arg(found->describe()));
     const bool isOpen = found->limit == 0;
     if (isOpen) {
         close(id); // an open subscription just falls silent: it only ever carries what was published

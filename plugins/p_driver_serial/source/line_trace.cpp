@@ -45,6 +45,7 @@ QString LineTrace::start(const QString& target, const QString& subject)
             .arg(target, m_output.errorString());
     }
     m_startUs = m_clock.nowUs();
+    m_subject = subject;
     put(firstLine(subject));
     return {};
 }
@@ -133,8 +134,8 @@ void LineTrace::put(const QByteArray& line)
         qCWarning(lcDriverSerial).noquote()
             << QCoreApplication::translate(
                    "SerialDriver",
-                   "The trace to %1 ends here, it cannot be written (%2): make room and switch it on again.")
-                   .arg(m_output.fileName(), m_output.errorString());
+                   "The trace of %1 to %2 ends here, it cannot be written (%3): make room and switch it on again.")
+                   .arg(m_subject, m_output.fileName(), m_output.errorString());
         stop();
     }
 }

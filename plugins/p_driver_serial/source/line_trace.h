@@ -76,6 +76,7 @@ private:
 
     const Clock& m_clock;
     QFile m_output;
+    QString m_subject;
     qint64 m_startUs = 0;
     QVector<Hearing> m_hearings;
 };

@@ -18,6 +18,8 @@ constexpr qint64 c_usPerMs = 1000;
 SerialLine::SerialLine(std::unique_ptr<ISerialPort> port, Clock& clock, SettingsSource settings, QObject* parent)
     : QObject(parent)
     , m_clock(clock)
+    , m_warnings(clock, lcDriverSerial)
+    , m_lineWarnings(clock, lcDriverSerialLine)
     , m_settingsSource(std::move(settings))
     , m_queue(clock, [this](WriteQueue::Id id) { onWriteLimit(id); })
     , m_trace(clock)
@@ -46,7 +48,7 @@ bool SerialLine::openPort()
         m_configuredTrace = result.settings.trace;
         const QString problem = setTrace(m_configuredTrace);
         if (!problem.isEmpty()) {
-            qCWarning(lcDriverSerial).noquote() << problem;
+            m_warnings.warn(problem);
         }
     }
     const QString problem = result.refusal.isEmpty() ? m_port->open(result.settings) : result.refusal;
@@ -116,7 +118,7 @@ void SerialLine::setState(State state, const QString& error)
     }
     m_state = state;
     if (error != m_error && !error.isEmpty()) {
-        qCWarning(lcDriverSerialLine).noquote() << error;
+        m_lineWarnings.warn(error);
     }
     m_error = error;
     Q_EMIT changed();
@@ -198,7 +200,7 @@ void SerialLine::onWriteLimit(WriteQueue::Id id)
             .arg(m_portName)
             .arg(entry.frame.size())
             .arg(entry.limitMs);
-    qCWarning(lcDriverSerial).noquote() << error;
+    m_warnings.warn(QStringLiteral("write limit"), error);
     m_trace.remark(error);
     if (answer(entry, error)) {
         writeNext();
@@ -311,6 +313,13 @@ void SerialLine::deliverKept()
     m_clock.cancel(std::exchange(m_deliverTimer, 0));
     const QVector<ILineListener*> joining = std::exchange(m_joining, {});
     if (!joining.isEmpty()) {
+        if (m_kept.droppedBytes() > 0) {
+            m_warnings.warn(
+                QStringLiteral("drop"),
+                QStringLiteral("%1: %2 bytes from the line are dropped: more than %3 arrived before anybody listened.")
+                    .arg(m_portName, QString::number(m_kept.droppedBytes()),
+                         QString::number(UndeliveredInput::c_limitBytes)));
+        }
         handOut(m_kept.read(), joining);
     }
 }

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include <lib_utilities/clock.h>
+#include <lib_utilities/repeated_warnings.h>
 
 #include "i_serial_port.h"
 #include "keep_alive.h"
@@ -121,6 +122,8 @@ private:
     void onDeviceLost();
 
     Clock& m_clock;
+    RepeatedWarnings m_warnings;
+    RepeatedWarnings m_lineWarnings; // what error() says, too
     const SettingsSource m_settingsSource;
     State m_state = State::Closed;
     QString m_error;

@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "logging.h"
-
 void UndeliveredInput::add(const QByteArray& bytes, bool isHeard)
 {
     m_bytes += bytes;
@@ -18,13 +16,7 @@ void UndeliveredInput::add(const QByteArray& bytes, bool isHeard)
 
 QByteArray UndeliveredInput::read()
 {
-    if (m_droppedBytes > 0) {
-        qCWarning(lcDriverSerial).noquote()
-            << QStringLiteral("%1 bytes from the line are dropped: more than %2 arrived before anybody listened.")
-                   .arg(m_droppedBytes)
-                   .arg(c_limitBytes);
-        m_droppedBytes = 0;
-    }
+    m_droppedBytes = 0;
     m_unheardBytes = 0;
     return m_bytes;
 }

@@ -12,7 +12,9 @@ public:
     /// isHeard: somebody listens already; what is dropped of it is lost to nobody else.
     void add(const QByteArray& bytes, bool isHeard);
     bool isEmpty() const { return m_bytes.isEmpty(); }
-    /// What is there, oldest first. A drop is logged, with its size.
+    /// Of what read() would give, so much is missing at its beginning.
+    qint64 droppedBytes() const { return m_droppedBytes; }
+    /// What is there, oldest first.
     QByteArray read();
     /// Nothing is left. Returns how many bytes nobody has heard or read.
     int clear();

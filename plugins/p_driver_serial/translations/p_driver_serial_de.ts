@@ -52,8 +52,8 @@
         <translation>Der Mitschnitt lässt sich nicht nach %1 schreiben (%2): Nennen Sie eine Datei in einem Ordner mit Schreibrecht, oder „-“ für die Standardfehlerausgabe.</translation>
     </message>
     <message>
-        <source>The trace to %1 ends here, it cannot be written (%2): make room and switch it on again.</source>
-        <translation>Der Mitschnitt nach %1 endet hier, er lässt sich nicht schreiben (%2): Schaffen Sie Platz und schalten Sie ihn wieder ein.</translation>
+        <source>The trace of %1 to %2 ends here, it cannot be written (%3): make room and switch it on again.</source>
+        <translation>Der Mitschnitt von %1 nach %2 endet hier, er lässt sich nicht schreiben (%3): Schaffen Sie Platz und schalten Sie ihn wieder ein.</translation>
     </message>
     <message>
         <source>The port %1 does not exist and this machine has no serial port: plug the adapter in.</source>

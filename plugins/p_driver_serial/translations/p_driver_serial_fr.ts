@@ -52,8 +52,8 @@
         <translation>La trace ne peut pas être écrite dans %1 (%2) : indiquez un fichier dans un dossier où vous pouvez écrire, ou « - » pour la sortie d’erreur.</translation>
     </message>
     <message>
-        <source>The trace to %1 ends here, it cannot be written (%2): make room and switch it on again.</source>
-        <translation>La trace vers %1 s’arrête ici, elle ne peut pas être écrite (%2) : faites de la place et réactivez-la.</translation>
+        <source>The trace of %1 to %2 ends here, it cannot be written (%3): make room and switch it on again.</source>
+        <translation>La trace de %1 vers %2 s’arrête ici, elle ne peut pas être écrite (%3) : faites de la place et réactivez-la.</translation>
     </message>
     <message>
         <source>The port %1 does not exist and this machine has no serial port: plug the adapter in.</source>

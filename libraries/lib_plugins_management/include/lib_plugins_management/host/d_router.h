@@ -13,6 +13,7 @@
 #include <lib_plugins_management/host/d_turn_queue.h>
 #include <lib_plugins_management/host/i_order.h>
 #include <lib_utilities/clock.h>
+#include <lib_utilities/repeated_warnings.h>
 
 class DAbstractPlugin;
 class DInstanceRegistry;
@@ -56,6 +57,7 @@ private:
         DAbstractPlugin* target = nullptr; // null: gone
         QPointer<DOrder> run;              // of the target's command; null: not started
         Clock::TimerId limit = 0;          // 0: an open subscription, which has none
+        QString senderDevice;
         QString senderName;
 
         QString describe() const;
@@ -83,6 +85,7 @@ private:
 
     Clock& m_clock;
     const DInstanceRegistry& m_registry;
+    RepeatedWarnings m_warnings;
     DTurnQueue m_turns;
     QList<DOrder*> m_orders;
     QMap<quint64, Instruction> m_instructions; // by id: ascending, so in the order in which they were added
