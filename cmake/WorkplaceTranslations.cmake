@@ -1,19 +1,27 @@
-# workplace_translations(<target> <name> [<folder>]): compiles <folder>/<name>_<language>.ts, by default from the folder
-# "translations" of the target, into it, as the resources ":/translations/<name>_<language>.qm".
+# workplace_translations(<target> <name> [<folder>] [ID_BASED]): compiles <folder>/<name>_<language>.ts, by default from
+# the folder "translations" of the target, into it, as the resources ":/translations/<name>_<language>.qm". ID_BASED: the
+# texts are asked for by ids, as in panels; then English is a translation like the others.
 # scripts/update-translations keeps the .ts files up to date.
 
 function(workplace_translations target name)
+  cmake_parse_arguments(PARSE_ARGV 2 arg "ID_BASED" "" "")
   set(folder "${CMAKE_CURRENT_SOURCE_DIR}/translations")
-  if(ARGC GREATER 2)
-    set(folder "${ARGV2}")
+  if(arg_UNPARSED_ARGUMENTS)
+    set(folder "${arg_UNPARSED_ARGUMENTS}")
+  endif()
+  set(languages de fr)
+  set(options "")
+  if(arg_ID_BASED)
+    list(PREPEND languages en)
+    set(options -idbased)
   endif()
   set(entries "")
-  foreach(language IN ITEMS de fr)
+  foreach(language IN LISTS languages)
     set(source "${folder}/${name}_${language}.ts")
     set(compiled "${CMAKE_CURRENT_BINARY_DIR}/${name}_${language}.qm")
     # What is unfinished is left out and shown in English; a test finds it.
     add_custom_command(OUTPUT "${compiled}"
-      COMMAND Qt5::lrelease -silent -nounfinished "${source}" -qm "${compiled}"
+      COMMAND Qt5::lrelease -silent ${options} -nounfinished "${source}" -qm "${compiled}"
       DEPENDS "${source}"
       VERBATIM)
     list(APPEND files "${compiled}")

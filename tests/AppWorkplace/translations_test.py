@@ -13,15 +13,18 @@ import xml.etree.ElementTree as ET
 
 ROOT = sys.argv[1]
 LANGUAGES = ["de", "fr"]
+# Their texts are asked for by ids, so that English is a translation, too.
+ID_BASED = ["p_device_haitor"]
 FOLDERS = {"app_workplace": "applications/AppWorkplace/translations",
            "lib_plugins_management": "libraries/lib_plugins_management/translations",
+           "p_device_haitor": "plugins/p_device_haitor/translations",
            "p_driver_serial": "plugins/p_driver_serial/translations"}
 LIMIT_S = 60
 
 
 def messages(path):
-    """(context, text, comment): the message."""
-    return {(context.find("name").text, message.find("source").text, message.findtext("comment")): message
+    """(context or id, text, comment): the message."""
+    return {(message.get("id", context.find("name").text), message.find("source").text, message.findtext("comment")): message
             for context in ET.parse(path).getroot().findall("context") for message in context.findall("message")}
 
 
@@ -33,7 +36,7 @@ class TranslationsTest(unittest.TestCase):
     @staticmethod
     def each():
         for name, folder in FOLDERS.items():
-            for language in LANGUAGES:
+            for language in LANGUAGES + (["en"] if name in ID_BASED else []):
                 file = f"{name}_{language}.ts"
                 yield file, os.path.join(ROOT, folder, file)
 
@@ -43,7 +46,7 @@ class TranslationsTest(unittest.TestCase):
                            capture_output=True)
             for file, path in self.each():
                 fresh = set(messages(os.path.join(folder, file)))
-                self.assertGreater(len(fresh), 10)
+                self.assertGreater(len(fresh), 5)
                 self.assertEqual(fresh - set(messages(path)), set(),
                                  f"not in {file}: call scripts/update-translations, then translate")
                 self.assertEqual(set(messages(path)) - fresh, set(), f"in {file}, and no longer in the sources")

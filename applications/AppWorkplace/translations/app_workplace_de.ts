@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>BasePanelMaintenance</name>
+    <message>
+        <source>line open</source>
+        <translation>Leitung offen</translation>
+    </message>
+    <message>
+        <source>line not open</source>
+        <translation>Leitung nicht offen</translation>
+    </message>
+</context>
+<context>
     <name>CommandLine</name>
     <message>
         <source>Usage: %1 [options] COMMAND …
@@ -611,10 +622,100 @@ Optionen aller Befehle:
     </message>
 </context>
 <context>
+    <name>DoctorPage</name>
+    <message>
+        <source>Examine the workplace of %1</source>
+        <translation>Den Arbeitsplatz von %1 untersuchen</translation>
+    </message>
+    <message>
+        <source>Examine</source>
+        <translation>Untersuchen</translation>
+    </message>
+    <message>
+        <source>Ask for a tightening</source>
+        <translation>Um eine Verschraubung bitten</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>nein</translation>
+    </message>
+    <message>
+        <source>and wait %1 s for it</source>
+        <translation>und %1 s darauf warten</translation>
+    </message>
+    <message>
+        <source>The line of %1 is in use (%2), and the doctor needs it for itself.</source>
+        <translation>Die Leitung von %1 ist in Gebrauch (%2), und die Untersuchung braucht sie für sich allein.</translation>
+    </message>
+    <message>
+        <source>Stop what uses the line</source>
+        <translation>Beenden, was die Leitung benutzt</translation>
+    </message>
+    <message>
+        <source>Stop it</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Stages of the examination</source>
+        <translation>Schritte der Untersuchung</translation>
+    </message>
+</context>
+<context>
     <name>DoctorStage</name>
     <message>
         <source>the port takes nothing</source>
         <translation>der Anschluss nimmt nichts an</translation>
+    </message>
+</context>
+<context>
+    <name>DoctorTable</name>
+    <message>
+        <source>Putting things back as they were found</source>
+        <translation>Es wird alles wieder hergestellt, wie es war</translation>
+    </message>
+    <message>
+        <source>Examining</source>
+        <translation>Untersuchung läuft</translation>
+    </message>
+    <message>
+        <source>Examining: %1</source>
+        <translation>Untersuchung läuft: %1</translation>
+    </message>
+    <message>
+        <source>%1 passed, %2 failed, %3 skipped</source>
+        <translation>%1 in Ordnung, %2 fehlgeschlagen, %3 ausgelassen</translation>
+    </message>
+    <message>
+        <source>Stopped: %1</source>
+        <translation>Abgebrochen: %1</translation>
+    </message>
+    <message>
+        <source>Nothing is wrong: %1</source>
+        <translation>Alles in Ordnung: %1</translation>
+    </message>
+    <message>
+        <source>Something is wrong: %1</source>
+        <translation>Etwas stimmt nicht: %1</translation>
+    </message>
+    <message>
+        <source>to do</source>
+        <translation>offen</translation>
+    </message>
+    <message>
+        <source>running</source>
+        <translation>läuft</translation>
+    </message>
+    <message>
+        <source>ok</source>
+        <translation>in Ordnung</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>skipped</source>
+        <translation>ausgelassen</translation>
     </message>
 </context>
 <context>
@@ -1153,6 +1254,44 @@ Optionen aller Befehle:
     <message>
         <source>seconds from %1 to %2</source>
         <translation>Sekunden von %1 bis %2</translation>
+    </message>
+</context>
+<context>
+    <name>PanelPage</name>
+    <message>
+        <source>It comes with the first scan or connection, which loads the plugin and opens the line.</source>
+        <translation>Es kommt mit der ersten Suche oder Verbindung; dann wird das Plugin geladen und die Leitung geöffnet.</translation>
+    </message>
+    <message>
+        <source>The maintenance panel is not there yet</source>
+        <translation>Die Wartungstafel ist noch nicht da</translation>
+    </message>
+    <message>
+        <source>Connect a wrench</source>
+        <translation>Einen Schlüssel verbinden</translation>
+    </message>
+</context>
+<context>
+    <name>PanelView</name>
+    <message>
+        <source>there is no maintenance panel for this device</source>
+        <translation>für dieses Gerät gibt es keine Wartungstafel</translation>
+    </message>
+    <message>
+        <source>its plugin %1 brings none</source>
+        <translation>sein Plugin %1 bringt keine mit</translation>
+    </message>
+    <message>
+        <source>the maintenance panel of this device cannot be shown</source>
+        <translation>die Wartungstafel dieses Geräts lässt sich nicht zeigen</translation>
+    </message>
+    <message>
+        <source>mend the panel&apos;s document in the plugin %1</source>
+        <translation>das Dokument der Tafel im Plugin %1 berichtigen</translation>
+    </message>
+    <message>
+        <source>its root is a %1, which is nothing to be shown</source>
+        <translation>seine Wurzel ist ein %1, das lässt sich nicht zeigen</translation>
     </message>
 </context>
 <context>
@@ -2337,6 +2476,21 @@ Optionen aller Befehle:
     </message>
 </context>
 <context>
+    <name>StageRow</name>
+    <message>
+        <source>%1 (%2 s)</source>
+        <translation>%1 (%2 s)</translation>
+    </message>
+    <message>
+        <source>Sends: %1</source>
+        <translation>Sendet: %1</translation>
+    </message>
+    <message>
+        <source>What to do: %1</source>
+        <translation>Was zu tun ist: %1</translation>
+    </message>
+</context>
+<context>
     <name>Step</name>
     <message>
         <source>open</source>
@@ -2460,6 +2614,186 @@ Optionen aller Befehle:
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>TraceList</name>
+    <message>
+        <source>seconds</source>
+        <translation>Sekunden</translation>
+    </message>
+    <message>
+        <source>&gt; to the device, &lt; from it, ! a remark</source>
+        <translation>&gt; zum Gerät, &lt; von ihm, ! eine Anmerkung</translation>
+    </message>
+    <message>
+        <source>Entries of the trace, %1</source>
+        <translation>Einträge der Aufzeichnung, %1</translation>
+    </message>
+    <message>
+        <source>sent</source>
+        <translation>gesendet</translation>
+    </message>
+    <message>
+        <source>arrived</source>
+        <translation>empfangen</translation>
+    </message>
+    <message>
+        <source>remark</source>
+        <translation>Anmerkung</translation>
+    </message>
+    <message>
+        <source>No entries</source>
+        <translation>Keine Einträge</translation>
+    </message>
+    <message>
+        <source>Newest</source>
+        <translation>Neueste</translation>
+    </message>
+</context>
+<context>
+    <name>TracePage</name>
+    <message>
+        <source>Go on: show what has come meanwhile</source>
+        <translation>Weiter: zeigen, was inzwischen kam</translation>
+    </message>
+    <message>
+        <source>Pause: leave the rows as they are</source>
+        <translation>Pause: die Zeilen lassen, wie sie sind</translation>
+    </message>
+    <message>
+        <source>Go on</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Clear: forget what is kept</source>
+        <translation>Leeren: vergessen, was aufbewahrt ist</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Only with this text</source>
+        <translation>Nur mit diesem Text</translation>
+    </message>
+    <message>
+        <source>What there is does not pass the filter.</source>
+        <translation>Was da ist, lässt der Filter nicht durch.</translation>
+    </message>
+    <message>
+        <source>It comes as soon as something is said.</source>
+        <translation>Es erscheint, sobald etwas gesagt wird.</translation>
+    </message>
+    <message>
+        <source>The line is not in use: scan or connect, and it is heard from then on.</source>
+        <translation>Die Leitung ist nicht in Gebrauch: suchen oder verbinden, von da an wird mitgehört.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 entries</source>
+        <translation>%1 von %2 Einträgen</translation>
+    </message>
+    <message>
+        <source>%1 were too many and are gone</source>
+        <translation>%1 waren zu viel und sind fort</translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>Gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>named by the time</source>
+        <translation>nach der Zeit benannt</translation>
+    </message>
+    <message>
+        <source>Save what is kept as a trace that can be played back</source>
+        <translation>Speichern, was aufbewahrt ist, als Aufzeichnung, die sich abspielen lässt</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>%1 of %2 entries, %3 wait</source>
+        <translation>%1 von %2 Einträgen, %3 warten</translation>
+    </message>
+</context>
+<context>
+    <name>TraceTable</name>
+    <message>
+        <source>there is no trace to save</source>
+        <translation>es gibt keine Aufzeichnung zu speichern</translation>
+    </message>
+    <message>
+        <source>nothing was heard of the line yet</source>
+        <translation>von der Leitung wurde noch nichts gehört</translation>
+    </message>
+    <message>
+        <source>the trace is not saved</source>
+        <translation>die Aufzeichnung ist nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>the file has no name</source>
+        <translation>die Datei hat keinen Namen</translation>
+    </message>
+    <message>
+        <source>give it one</source>
+        <translation>ihr einen geben</translation>
+    </message>
+    <message>
+        <source>there is a file %1 already</source>
+        <translation>es gibt schon eine Datei %1</translation>
+    </message>
+    <message>
+        <source>give it another name</source>
+        <translation>ihr einen anderen Namen geben</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>name a file in a folder that you may write to</source>
+        <translation>eine Datei in einem Ordner nennen, in den Sie schreiben dürfen</translation>
+    </message>
+    <message>
+        <source>make room, or name another folder</source>
+        <translation>Platz schaffen oder einen anderen Ordner nennen</translation>
+    </message>
+</context>
+<context>
+    <name>TraceToggle</name>
+    <message>
+        <source>Show what was sent</source>
+        <translation>Zeigen, was gesendet wurde</translation>
+    </message>
+    <message>
+        <source>Show what has arrived</source>
+        <translation>Zeigen, was empfangen wurde</translation>
+    </message>
+    <message>
+        <source>Show remarks</source>
+        <translation>Anmerkungen zeigen</translation>
+    </message>
+    <message>
+        <source>&gt; sent</source>
+        <translation>&gt; gesendet</translation>
+    </message>
+    <message>
+        <source>&lt; arrived</source>
+        <translation>&lt; empfangen</translation>
+    </message>
+    <message>
+        <source>! remarks</source>
+        <translation>! Anmerkungen</translation>
     </message>
 </context>
 <context>

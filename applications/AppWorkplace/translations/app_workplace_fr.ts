@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
+    <name>BasePanelMaintenance</name>
+    <message>
+        <source>line open</source>
+        <translation>ligne ouverte</translation>
+    </message>
+    <message>
+        <source>line not open</source>
+        <translation>ligne fermée</translation>
+    </message>
+</context>
+<context>
     <name>CommandLine</name>
     <message>
         <source>Usage: %1 [options] COMMAND …
@@ -611,10 +622,100 @@ Options de toutes les commandes :
     </message>
 </context>
 <context>
+    <name>DoctorPage</name>
+    <message>
+        <source>Examine the workplace of %1</source>
+        <translation>Examiner le poste de %1</translation>
+    </message>
+    <message>
+        <source>Examine</source>
+        <translation>Examiner</translation>
+    </message>
+    <message>
+        <source>Ask for a tightening</source>
+        <translation>Demander un serrage</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>non</translation>
+    </message>
+    <message>
+        <source>and wait %1 s for it</source>
+        <translation>et l’attendre %1 s</translation>
+    </message>
+    <message>
+        <source>The line of %1 is in use (%2), and the doctor needs it for itself.</source>
+        <translation>La ligne de %1 est occupée (%2), et l’examen en a besoin pour lui seul.</translation>
+    </message>
+    <message>
+        <source>Stop what uses the line</source>
+        <translation>Arrêter ce qui occupe la ligne</translation>
+    </message>
+    <message>
+        <source>Stop it</source>
+        <translation>Arrêter</translation>
+    </message>
+    <message>
+        <source>Stages of the examination</source>
+        <translation>Étapes de l’examen</translation>
+    </message>
+</context>
+<context>
     <name>DoctorStage</name>
     <message>
         <source>the port takes nothing</source>
         <translation>le port n’accepte rien</translation>
+    </message>
+</context>
+<context>
+    <name>DoctorTable</name>
+    <message>
+        <source>Putting things back as they were found</source>
+        <translation>Tout est remis dans l’état trouvé</translation>
+    </message>
+    <message>
+        <source>Examining</source>
+        <translation>Examen en cours</translation>
+    </message>
+    <message>
+        <source>Examining: %1</source>
+        <translation>Examen en cours : %1</translation>
+    </message>
+    <message>
+        <source>%1 passed, %2 failed, %3 skipped</source>
+        <translation>%1 en ordre, %2 en échec, %3 omises</translation>
+    </message>
+    <message>
+        <source>Stopped: %1</source>
+        <translation>Interrompu : %1</translation>
+    </message>
+    <message>
+        <source>Nothing is wrong: %1</source>
+        <translation>Tout est en ordre : %1</translation>
+    </message>
+    <message>
+        <source>Something is wrong: %1</source>
+        <translation>Quelque chose ne va pas : %1</translation>
+    </message>
+    <message>
+        <source>to do</source>
+        <translation>à faire</translation>
+    </message>
+    <message>
+        <source>running</source>
+        <translation>en cours</translation>
+    </message>
+    <message>
+        <source>ok</source>
+        <translation>en ordre</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>en échec</translation>
+    </message>
+    <message>
+        <source>skipped</source>
+        <translation>omise</translation>
     </message>
 </context>
 <context>
@@ -1153,6 +1254,44 @@ Options de toutes les commandes :
     <message>
         <source>seconds from %1 to %2</source>
         <translation>des secondes de %1 à %2</translation>
+    </message>
+</context>
+<context>
+    <name>PanelPage</name>
+    <message>
+        <source>It comes with the first scan or connection, which loads the plugin and opens the line.</source>
+        <translation>Il vient avec la première recherche ou connexion, qui charge le module et ouvre la ligne.</translation>
+    </message>
+    <message>
+        <source>The maintenance panel is not there yet</source>
+        <translation>Le panneau de maintenance n’est pas encore là</translation>
+    </message>
+    <message>
+        <source>Connect a wrench</source>
+        <translation>Connecter une clé</translation>
+    </message>
+</context>
+<context>
+    <name>PanelView</name>
+    <message>
+        <source>there is no maintenance panel for this device</source>
+        <translation>il n’y a pas de panneau de maintenance pour cet appareil</translation>
+    </message>
+    <message>
+        <source>its plugin %1 brings none</source>
+        <translation>son module %1 n’en apporte pas</translation>
+    </message>
+    <message>
+        <source>the maintenance panel of this device cannot be shown</source>
+        <translation>le panneau de maintenance de cet appareil ne peut pas être affiché</translation>
+    </message>
+    <message>
+        <source>mend the panel&apos;s document in the plugin %1</source>
+        <translation>corrigez le document du panneau dans le module %1</translation>
+    </message>
+    <message>
+        <source>its root is a %1, which is nothing to be shown</source>
+        <translation>sa racine est un %1, ce qui ne s’affiche pas</translation>
     </message>
 </context>
 <context>
@@ -2337,6 +2476,21 @@ Options de toutes les commandes :
     </message>
 </context>
 <context>
+    <name>StageRow</name>
+    <message>
+        <source>%1 (%2 s)</source>
+        <translation>%1 (%2 s)</translation>
+    </message>
+    <message>
+        <source>Sends: %1</source>
+        <translation>Envoie : %1</translation>
+    </message>
+    <message>
+        <source>What to do: %1</source>
+        <translation>Que faire : %1</translation>
+    </message>
+</context>
+<context>
     <name>Step</name>
     <message>
         <source>open</source>
@@ -2460,6 +2614,186 @@ Options de toutes les commandes :
     <message>
         <source>%1: %2</source>
         <translation>%1 : %2</translation>
+    </message>
+</context>
+<context>
+    <name>TraceList</name>
+    <message>
+        <source>seconds</source>
+        <translation>secondes</translation>
+    </message>
+    <message>
+        <source>&gt; to the device, &lt; from it, ! a remark</source>
+        <translation>&gt; vers l’appareil, &lt; de l’appareil, ! une remarque</translation>
+    </message>
+    <message>
+        <source>Entries of the trace, %1</source>
+        <translation>Entrées de la trace, %1</translation>
+    </message>
+    <message>
+        <source>sent</source>
+        <translation>envoyé</translation>
+    </message>
+    <message>
+        <source>arrived</source>
+        <translation>reçu</translation>
+    </message>
+    <message>
+        <source>remark</source>
+        <translation>remarque</translation>
+    </message>
+    <message>
+        <source>No entries</source>
+        <translation>Aucune entrée</translation>
+    </message>
+    <message>
+        <source>Newest</source>
+        <translation>Dernières</translation>
+    </message>
+</context>
+<context>
+    <name>TracePage</name>
+    <message>
+        <source>Go on: show what has come meanwhile</source>
+        <translation>Continuer : montrer ce qui est venu entre-temps</translation>
+    </message>
+    <message>
+        <source>Pause: leave the rows as they are</source>
+        <translation>Pause : laisser les lignes comme elles sont</translation>
+    </message>
+    <message>
+        <source>Go on</source>
+        <translation>Continuer</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Clear: forget what is kept</source>
+        <translation>Vider : oublier ce qui est conservé</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Vider</translation>
+    </message>
+    <message>
+        <source>Only with this text</source>
+        <translation>Seulement avec ce texte</translation>
+    </message>
+    <message>
+        <source>What there is does not pass the filter.</source>
+        <translation>Ce qu’il y a ne passe pas le filtre.</translation>
+    </message>
+    <message>
+        <source>It comes as soon as something is said.</source>
+        <translation>Elles viennent dès que quelque chose est dit.</translation>
+    </message>
+    <message>
+        <source>The line is not in use: scan or connect, and it is heard from then on.</source>
+        <translation>La ligne n’est pas utilisée : cherchez ou connectez, et elle est écoutée à partir de là.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 entries, %3 wait</source>
+        <translation>%1 entrées sur %2, %3 en attente</translation>
+    </message>
+    <message>
+        <source>%1 of %2 entries</source>
+        <translation>%1 entrées sur %2</translation>
+    </message>
+    <message>
+        <source>%1 were too many and are gone</source>
+        <translation>%1 étaient de trop et sont perdues</translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>Enregistré : %1</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Fichier</translation>
+    </message>
+    <message>
+        <source>named by the time</source>
+        <translation>nommé d’après l’heure</translation>
+    </message>
+    <message>
+        <source>Save what is kept as a trace that can be played back</source>
+        <translation>Enregistrer ce qui est conservé comme une trace qui peut être rejouée</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Enregistrer</translation>
+    </message>
+</context>
+<context>
+    <name>TraceTable</name>
+    <message>
+        <source>there is no trace to save</source>
+        <translation>il n’y a pas de trace à enregistrer</translation>
+    </message>
+    <message>
+        <source>nothing was heard of the line yet</source>
+        <translation>rien n’a encore été entendu de la ligne</translation>
+    </message>
+    <message>
+        <source>the trace is not saved</source>
+        <translation>la trace n’est pas enregistrée</translation>
+    </message>
+    <message>
+        <source>the file has no name</source>
+        <translation>le fichier n’a pas de nom</translation>
+    </message>
+    <message>
+        <source>give it one</source>
+        <translation>donnez-lui un nom</translation>
+    </message>
+    <message>
+        <source>there is a file %1 already</source>
+        <translation>il y a déjà un fichier %1</translation>
+    </message>
+    <message>
+        <source>give it another name</source>
+        <translation>donnez-lui un autre nom</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>name a file in a folder that you may write to</source>
+        <translation>nommez un fichier dans un dossier où vous pouvez écrire</translation>
+    </message>
+    <message>
+        <source>make room, or name another folder</source>
+        <translation>faites de la place, ou nommez un autre dossier</translation>
+    </message>
+</context>
+<context>
+    <name>TraceToggle</name>
+    <message>
+        <source>Show what was sent</source>
+        <translation>Montrer ce qui a été envoyé</translation>
+    </message>
+    <message>
+        <source>Show what has arrived</source>
+        <translation>Montrer ce qui a été reçu</translation>
+    </message>
+    <message>
+        <source>Show remarks</source>
+        <translation>Montrer les remarques</translation>
+    </message>
+    <message>
+        <source>&gt; sent</source>
+        <translation>&gt; envoyé</translation>
+    </message>
+    <message>
+        <source>&lt; arrived</source>
+        <translation>&lt; reçu</translation>
+    </message>
+    <message>
+        <source>! remarks</source>
+        <translation>! remarques</translation>
     </message>
 </context>
 <context>

@@ -96,6 +96,12 @@ QtObject {
     function time(date) {
         return date.toLocaleTimeString(Qt.locale(localeName), "HH:mm:ss")
     }
+    // On paper: buttons, and where the keyboard is.
+    readonly property color paperFocusColor: theme === "contrast" ? "#c000c0" : "#0b5cad"
+    readonly property color paperButtonColor: theme === "contrast" ? "#000000" : theme === "dark" ? "#b4c3d0" : "#dbe4ec"
+    readonly property color paperButtonPressedColor: theme === "contrast" ? "#505050"
+                                                                          : theme === "dark" ? "#94a8b8" : "#b6c6d5"
+    readonly property color paperButtonTextColor: theme === "contrast" ? "#ffffff" : "#0a131b"
 
     // Of the columns of a table.
     function sumOfWidths(columns) {

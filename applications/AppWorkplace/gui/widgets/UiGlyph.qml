@@ -10,6 +10,12 @@ Item {
     property string name
     // Transparent: as it was drawn.
     property color color: "transparent"
+    // For who cannot see it; empty: it only goes with a text, and is left out.
+    property string description
+
+    Accessible.role: Accessible.Graphic
+    Accessible.name: description
+    Accessible.ignored: description === ""
 
     ColorImage {
         anchors.fill: parent

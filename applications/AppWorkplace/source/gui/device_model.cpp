@@ -37,8 +37,15 @@ void dismiss(std::unique_ptr<Service>& service)
 } // namespace
 
 DeviceModel::DeviceModel(const Settings& settings, QObject* parent)
-    : QObject(parent), m_settings(settings), m_serialId(settings.wrench())
-{}
+    : QObject(parent)
+    , m_settings(settings)
+    , m_serialId(settings.wrench())
+    , m_trace(Workplace::dataFolder(settings) + QStringLiteral("/traces"))
+{
+    connect(this, &DeviceModel::workplaceChanged, &m_trace, [this] {
+        m_trace.setLine(m_isOpen ? &m_workplace->host() : nullptr, m_isOpen ? &m_workplace->driver() : nullptr);
+    });
+}
 
 DeviceModel::~DeviceModel()
 {

@@ -11,6 +11,7 @@
 #include "../services/workplace.h"
 #include "../services/wrench_scan.h"
 #include "recent_results.h"
+#include "trace_table.h"
 
 /// One device of the window: a line with its wrench, what runs on it, and what has come of it. It has a workplace of
 /// its own, which it opens with the first scan or session. What is shown of a result is stored. Nothing waits: what is
@@ -41,6 +42,7 @@ class DeviceModel : public QObject
     Q_PROPERTY(int good READ good NOTIFY resultChanged)
     Q_PROPERTY(int notGood READ notGood NOTIFY resultChanged)
     Q_PROPERTY(QString notes READ notes NOTIFY notesChanged)
+    Q_PROPERTY(TraceTable* trace READ trace CONSTANT)
     Q_PROPERTY(QString pluginUuid READ pluginUuid NOTIFY workplaceChanged)
     Q_PROPERTY(QString objectId READ objectId NOTIFY workplaceChanged)
     Q_PROPERTY(QString reference READ reference NOTIFY workplaceChanged)
@@ -86,6 +88,7 @@ public:
     int good() const { return m_good; } ///< of this session
     int notGood() const { return m_notGood; }
     QString notes() const { return m_notes; } ///< the last gap or repeat
+    TraceTable* trace() { return &m_trace; }  ///< of the line; it hears it while it is on
     QString pluginUuid() const;               ///< of the device plugin; empty while the workplace is not open
     QString objectId() const;                 ///< of the plugin's working instance; likewise
     QString reference() const { return m_settings.port; }
@@ -173,6 +176,7 @@ private:
     bool m_isOrderRunning = false;
     QVariantMap m_result;
     RecentResults m_recent;
+    TraceTable m_trace;
     int m_good = 0;
     int m_notGood = 0;
     QString m_notes;
