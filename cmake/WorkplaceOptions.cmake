@@ -18,7 +18,11 @@ add_link_options(LINKER:-z,relro,-z,now)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
 set(WORKPLACE_PLUGIN_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib/plugins")
-set(WORKPLACE_PLUGIN_INSTALL_DIRECTORY "${CMAKE_INSTALL_LIBDIR}/haitor-workplace/plugins")
+# Installed, they have a folder of their own: their names are too plain for the folder of everybody's libraries.
+set(WORKPLACE_LIBRARY_INSTALL_DIRECTORY "${CMAKE_INSTALL_LIBDIR}/haitor-workplace")
+set(WORKPLACE_PLUGIN_INSTALL_DIRECTORY "${WORKPLACE_LIBRARY_INSTALL_DIRECTORY}/plugins")
+set(WORKPLACE_INCLUDE_INSTALL_DIRECTORY "${CMAKE_INSTALL_INCLUDEDIR}/haitor-workplace")
+set(WORKPLACE_SHARED_INSTALL_DIRECTORY "${CMAKE_INSTALL_DATADIR}/haitor-workplace")
 
 add_library(workplace_options INTERFACE)
 target_compile_options(workplace_options INTERFACE
