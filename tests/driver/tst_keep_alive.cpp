@@ -35,6 +35,8 @@ private Q_SLOTS:
     void takesOutOneAnswerForOneQuestion();
     void leavesTheLineEndToALineThatWasCutOff();
     void endsALineThatWasCutOffWhenTheAnswerHasNoEnd();
+    void endsALineThatWasCutOffWhenTheResponseItselfEndsItsLine();
+    void anAnswerWithoutEndDoesNotCostTheNextQuestion();
     void leavesLinesAloneWhileItHasNotAsked();
     void passesWhatFollowsAnAnswerWithoutLineEnd();
     void givesBackWhatOnlyBeganLikeTheAnswer();
@@ -302,6 +304,32 @@ void TestKeepAlive::endsALineThatWasCutOffWhenTheAnswerHasNoEnd()
     m_driver->clock->advance(2000);
     m_driver->port->arrive("RE:F:2\r\n");
     QCOMPARE(heard(m_listener), QByteArray("RE:F\r\nRE:F:2\r\n"));
+}
+
+void TestKeepAlive::endsALineThatWasCutOffWhenTheResponseItselfEndsItsLine()
+{
+    set(QStringLiteral("OK:1\r\n"));
+    m_driver->port->arrive("RE:F");
+    waitForTheQuestion();
+    m_driver->port->arrive("OK:1\r\nRE:F:2\r\n");
+    QCOMPARE(heard(m_listener), QByteArray("RE:F\r\nRE:F:2\r\n"));
+}
+
+// The limit of the first answer, which is still to end its line, is not that of the second.
+void TestKeepAlive::anAnswerWithoutEndDoesNotCostTheNextQuestion()
+{
+    m_driver->configure("keepAliveSilenceMs", 500);
+    m_driver->run("closeConnection");
+    m_listener.stop();
+    m_listener = m_driver->listen();
+    set();
+    waitForTheQuestion();
+    m_driver->port->arrive("OK:1");
+    m_driver->clock->advance(500);
+    QCOMPARE(m_driver->port->written, QByteArrayList({c_probe, c_probe}));
+    m_driver->clock->advance(1600);
+    m_driver->port->arrive("OK:1\r\nRE:F:1\r\n");
+    QCOMPARE(heard(m_listener), QByteArray("RE:F:1\r\n"));
 }
 
 void TestKeepAlive::passesWhatFollowsAnAnswerWithoutLineEnd()

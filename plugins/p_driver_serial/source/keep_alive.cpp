@@ -76,16 +76,23 @@ void KeepAlive::onSilence()
 {
     const qint64 restUs = m_quietUntilUs - m_clock.nowUs();
     int restMs = static_cast<int>((restUs + c_usPerMs - 1) / c_usPerMs);
+    bool isLineEndMissing = false;
     if (restMs <= 0) {
         if (!m_isAsking && m_callbacks.ask(m_frame)) {
             m_isAsking = true;
-            m_isAtLineStart = true; // a line cut off before the silence is not going to be continued
+            // A line cut off before the silence is not going to be continued, nor is an answer.
+            m_isAtLineStart = true;
+            isLineEndMissing = std::exchange(m_isSwallowing, false) && std::exchange(m_isLineOpen, false);
+            m_clock.cancel(m_answerTimer);
             m_answerTimer = m_clock.callAfter(c_answerLimitMs, [this] { onAnswerLimit(); });
         }
         restMs = m_silenceMs;
         quietFor(restMs);
     }
     m_silenceTimer = m_clock.callAfter(restMs, [this] { onSilence(); });
+    if (isLineEndMissing) {
+        m_callbacks.release(c_lineEnd);
+    }
 }
 
 void KeepAlive::onAnswerLimit()
@@ -141,21 +148,23 @@ QByteArray KeepAlive::arrived(const QByteArray& chunk)
     bool wasAnswered = false;
     for (const char byte : chunk) {
         const bool endsLine = byte == '\n';
+        bool isOfAnAnswer = m_isSwallowing;
         if (m_isSwallowing) {
             m_isSwallowing = !endsLine;
-            if (endsLine && std::exchange(m_isLineOpen, false)) {
-                passed += c_lineEnd; // a line that was cut off before ends here, not with the line that comes next
-            }
         } else if (m_isAsking && (m_isAtLineStart || m_heldBack > 0) && byte == m_response.at(m_heldBack)) {
             if (++m_heldBack == m_response.size()) {
                 onAnswer();
                 wasAnswered = true;
+                isOfAnAnswer = true;
                 m_isSwallowing = !endsLine;
             }
         } else {
             passed += takeHeldBack();
             passed += byte;
             m_isLineOpen = !endsLine;
+        }
+        if (isOfAnAnswer && endsLine && std::exchange(m_isLineOpen, false)) {
+            passed += c_lineEnd; // a line that was cut off before ends here, not with the line that comes next
         }
         m_isAtLineStart = endsLine;
     }
