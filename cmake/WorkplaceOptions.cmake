@@ -27,7 +27,9 @@ set(WORKPLACE_SHARED_INSTALL_DIRECTORY "${CMAKE_INSTALL_DATADIR}/haitor-workplac
 add_library(workplace_options INTERFACE)
 target_compile_options(workplace_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
-  -fstack-protector-strong -fstack-clash-protection)
+  -fstack-protector-strong -fstack-clash-protection
+  # Qt's logging macros are called without their optional arguments.
+  $<$<CXX_COMPILER_ID:Clang>:-Wno-gnu-zero-variadic-macro-arguments>)
 target_compile_definitions(workplace_options INTERFACE
   QT_NO_CAST_FROM_ASCII
   QT_NO_CAST_TO_ASCII

@@ -12,6 +12,7 @@ packages_to_tidy="clang-tidy-22" # without the security updates of Debian there 
 packages_to_tidy_slowly="clang-tidy"
 packages_to_package="appstream binutils desktop-file-utils dpkg-dev lintian python3" # scripts/make-packages
 packages_to_try="debootstrap" # scripts/check-packages
+packages_to_fuzz="clang-14 libclang-rt-14-dev python3" # scripts/fuzz only
 
 say() { printf '%s\n' "$*" >&2; }
 

@@ -1,0 +1,88 @@
+#!/usr/bin/env python3
+"""make_seeds.py FOLDER: first inputs for the fuzz targets, out of the transcripts, traces, scenarios and configurations
+that the repository has. A seed begins with the numbers that its target reads first."""
+
+import os
+import re
+import sys
+
+ROOT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..")
+TRANSCRIPTS = os.path.join(ROOT, "tests", "p_device_haitor", "transcripts")
+ESCAPES = {"r": b"\r", "n": b"\n", "t": b"\t", "0": b"\0", "s": b" ", "\\": b"\\"}
+
+# The command of the transcripts, the target, and the numbers before manner and repeats.
+TALKS = [
+    ("listenEventsData", "listener", b"\1"),
+    ("startDetection", "scan", b""),
+    ("searchAndConnect", "connection", b"\1"),
+    ("sendInitConfig", "configuration", b""),
+    ("listProgram", "program_list", b""),
+    ("setProgram", "selection", b"\3\5"),
+]
+
+
+def unescaped(text):
+    def byte(match):
+        return bytes([int(match[1][1:], 16)]) if match[1].startswith("x") else ESCAPES[match[1]]
+
+    pieces = re.split(r"(\\(?:x[0-9A-Fa-f]{2}|[rnt0s\\]))", text)
+    found = (re.fullmatch(r"\\(x[0-9A-Fa-f]{2}|[rnt0s\\])", piece) for piece in pieces)
+    return b"".join(byte(match) if match else piece.encode() for piece, match in zip(pieces, found))
+
+
+def read(path):
+    with open(path, "rb") as file:
+        return file.read()
+
+
+def arrivals(path):
+    """What came over the line in a transcript."""
+    line = b""
+    for step in read(path).decode().split("\n"):
+        word, text = step[:8].strip(), step[8:]
+        if word in ("dongle<", "wrench<", "piece<"):
+            line += unescaped(text) + (b"" if word == "piece<" else b"\r\n")
+    return line
+
+
+def files(folder, end):
+    return [os.path.join(folder, name) for name in sorted(os.listdir(folder)) if name.endswith(end)]
+
+
+def main():
+    target_folder = sys.argv[1]
+
+    def write(target, name, content):
+        folder = os.path.join(target_folder, target)
+        os.makedirs(folder, exist_ok=True)
+        with open(os.path.join(folder, name), "wb") as file:
+            file.write(content)
+
+    everything = b""
+    for command, target, numbers in TALKS:
+        for path in files(os.path.join(TRANSCRIPTS, command), ".txt"):
+            line = arrivals(path)
+            everything += line
+            for manner in (0, 1, 7):
+                write(target, "%s-%d" % (os.path.basename(path), manner), numbers + bytes([manner, 0]) + line)
+    for i, line in enumerate(everything.split(b"\r\n")[:200]):
+        write("keep_alive", "line-%d" % i, b"OK:\n\0\1\3\x20\0" + line.replace(b"\n", b" ") + b"\n\0OK:1\n")
+    for i, frames in enumerate(["ATS|ATH|ATD 020000000001", "DT:1|SC:TL:2|RE:1|DT:0", "IDLE|TR:C|TR:N|TR:C"]):
+        steps = b"\3ATD 020000000001\n\1....\n" + b"".join(b"\3" + frame.encode() + b"\n" for frame in frames.split("|"))
+        write("dongle", "frames-%d" % i, b"\0\1\1" + steps + b"\0tighten 2\n\1..........\n")
+        write("dongle", "fault-%d" % i, b"\1\1\5\0fault split:3:5\n" + steps)
+    for path in files(os.path.join(ROOT, "tests", "system", "traces"), ".txt"):
+        write("trace_reader", os.path.basename(path), read(path))
+    for path in files(os.path.join(ROOT, "examples", "weather"), ".json"):
+        write("scenario_reader", os.path.basename(path), read(path))
+    write("configuration_file", "example", read(os.path.join(ROOT, "examples", "configuration.json")))
+    write("history_file", "whole", b"\0")
+    for page in range(0, 256, 4):
+        write("history_file", "page-%d" % page, bytes([0, page, 0, 4]) + b"\xff\xff\xff\xff" + bytes([page, 9, 1, 0]))
+    for i in range(16):
+        calls = [b"\0\1", b"\6\0\1\7\1\1\5", b"\1\1", b"\2" + b"7\n", b"\4", b"\5\2", b"\x08\1\2\2\5", b"\x09", b"\x0a\5"]
+        write("panel_backend", "calls-%d" % i, b"".join(calls[i % len(calls):] + calls[:i % len(calls)]))
+
+
+if __name__ == "__main__":
+    main()
