@@ -31,6 +31,12 @@ Window {
     title: workplace.current ? qsTr("%1 – %2 – Workplace").arg(page.title).arg(workplace.current.name)
                              : qsTr("%1 – Workplace").arg(page.title)
 
+    // What runs is ended in an orderly way first; asked a second time, it goes at once.
+    onClosing: {
+        close.accepted = false
+        workplace.close()
+    }
+
     Binding {
         target: Style
         property: "windowWidth"
@@ -50,6 +56,12 @@ Window {
         target: Style
         property: "theme"
         value: workplace.theme
+    }
+
+    // A picture of the window is one of what stands in it.
+    Rectangle {
+        anchors.fill: parent
+        color: window.color
     }
 
     Repeater {

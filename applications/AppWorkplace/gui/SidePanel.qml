@@ -103,7 +103,7 @@ Rectangle {
         }
     }
 
-    Row {
+    Column {
         id: looks
 
         anchors {
@@ -119,7 +119,7 @@ Rectangle {
             currentIndex: panel.window.languages.indexOf(panel.window.language)
             model: panel.window.languages.map(function (name) { return panel.languageNames[name] || name })
             objectName: panel.objectName + ".idLanguage"
-            width: (looks.width - looks.spacing) / 2
+            width: looks.width
             onActivated: panel.window.language = panel.window.languages[index]
         }
 
@@ -128,7 +128,7 @@ Rectangle {
             currentIndex: panel.themes.findIndex(function (each) { return each.value === panel.window.theme })
             model: panel.themes.map(function (each) { return each.name })
             objectName: panel.objectName + ".idTheme"
-            width: (looks.width - looks.spacing) / 2
+            width: looks.width
             onActivated: panel.window.theme = panel.themes[index].value
         }
     }

@@ -824,6 +824,85 @@ Optionen aller Befehle:
     </message>
 </context>
 <context>
+    <name>GuiCommand</name>
+    <message>
+        <source>--%1 cannot be &quot;%2&quot;</source>
+        <translation>--%1 kann nicht „%2“ sein</translation>
+    </message>
+    <message>
+        <source>choose one of: %1</source>
+        <translation>wählen Sie eins davon: %1</translation>
+    </message>
+    <message>
+        <source>say it in pixels, as 1280x800</source>
+        <translation>geben Sie sie in Pixeln an, etwa 1280x800</translation>
+    </message>
+    <message>
+        <source>the window takes no argument &quot;%1&quot;</source>
+        <translation>das Fenster nimmt kein Argument „%1“</translation>
+    </message>
+    <message>
+        <source>see app_workplace gui --help</source>
+        <translation>siehe app_workplace gui --help</translation>
+    </message>
+    <message>
+        <source>Shows the window: the work, the results, maintenance, trace and doctor.</source>
+        <translation>Zeigt das Fenster: Arbeit, Ergebnisse, Wartung, Mitschnitt und Diagnose.</translation>
+    </message>
+    <message>
+        <source>A device of the window, instead of that of --port and --serial-id. More than once: several.</source>
+        <translation>Ein Gerät des Fensters, statt dem von --port und --serial-id. Mehrmals: mehrere.</translation>
+    </message>
+    <message>
+        <source>Each device whose wrench is known begins to work at once.</source>
+        <translation>Jedes Gerät, dessen Schlüssel bekannt ist, beginnt sofort zu arbeiten.</translation>
+    </message>
+    <message>
+        <source>The page to begin with.</source>
+        <translation>Die erste Seite.</translation>
+    </message>
+    <message>
+        <source>How it looks.</source>
+        <translation>Wie es aussieht.</translation>
+    </message>
+    <message>
+        <source>The size of the window in pixels; 1280x800 when not said.</source>
+        <translation>Die Größe des Fensters in Pixeln; ohne Angabe 1280x800.</translation>
+    </message>
+    <message>
+        <source>Draws the window into this PNG file and ends; no display is needed.</source>
+        <translation>Zeichnet das Fenster in diese PNG-Datei und endet; ein Bildschirm wird nicht gebraucht.</translation>
+    </message>
+    <message>
+        <source>With --screenshot and --connect: when so many results have come.</source>
+        <translation>Mit --screenshot und --connect: sobald so viele Ergebnisse da sind.</translation>
+    </message>
+    <message>
+        <source>the window cannot be made</source>
+        <translation>das Fenster lässt sich nicht öffnen</translation>
+    </message>
+    <message>
+        <source>see the log above</source>
+        <translation>siehe das Protokoll oben</translation>
+    </message>
+    <message>
+        <source>install the packages that &quot;./run gui&quot; names</source>
+        <translation>installieren Sie die Pakete, die „./run gui“ nennt</translation>
+    </message>
+    <message>
+        <source>the window did not come to what is to be drawn</source>
+        <translation>das Fenster kam nicht zu dem, was gezeichnet werden soll</translation>
+    </message>
+    <message>
+        <source>the picture cannot be written to %1</source>
+        <translation>das Bild lässt sich nicht nach %1 schreiben</translation>
+    </message>
+    <message>
+        <source>look at the folder and its rights</source>
+        <translation>prüfen Sie den Ordner und seine Rechte</translation>
+    </message>
+</context>
+<context>
     <name>HeardWrenches</name>
     <message>
         <source>the wrench %1 was heard, but the link to it did not come about</source>
@@ -2823,6 +2902,21 @@ Optionen aller Befehle:
     <message>
         <source>not good</source>
         <translation>nicht gut</translation>
+    </message>
+</context>
+<context>
+    <name>WindowDisplay</name>
+    <message>
+        <source>no window can be shown: there is no display</source>
+        <translation>es kann kein Fenster gezeigt werden: Es gibt keinen Bildschirm</translation>
+    </message>
+    <message>
+        <source>neither DISPLAY nor WAYLAND_DISPLAY is set</source>
+        <translation>weder DISPLAY noch WAYLAND_DISPLAY ist gesetzt</translation>
+    </message>
+    <message>
+        <source>start it from a desktop, or with ssh -X; --screenshot needs no display</source>
+        <translation>starten Sie es von einer Arbeitsfläche aus oder mit ssh -X; --screenshot braucht keinen Bildschirm</translation>
     </message>
 </context>
 <context>

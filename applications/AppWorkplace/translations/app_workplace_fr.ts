@@ -824,6 +824,85 @@ Options de toutes les commandes :
     </message>
 </context>
 <context>
+    <name>GuiCommand</name>
+    <message>
+        <source>--%1 cannot be &quot;%2&quot;</source>
+        <translation>--%1 ne peut pas être « %2 »</translation>
+    </message>
+    <message>
+        <source>choose one of: %1</source>
+        <translation>choisissez parmi : %1</translation>
+    </message>
+    <message>
+        <source>say it in pixels, as 1280x800</source>
+        <translation>indiquez-la en pixels, comme 1280x800</translation>
+    </message>
+    <message>
+        <source>the window takes no argument &quot;%1&quot;</source>
+        <translation>la fenêtre ne prend pas d’argument « %1 »</translation>
+    </message>
+    <message>
+        <source>see app_workplace gui --help</source>
+        <translation>voir app_workplace gui --help</translation>
+    </message>
+    <message>
+        <source>Shows the window: the work, the results, maintenance, trace and doctor.</source>
+        <translation>Affiche la fenêtre : travail, résultats, maintenance, trace et diagnostic.</translation>
+    </message>
+    <message>
+        <source>A device of the window, instead of that of --port and --serial-id. More than once: several.</source>
+        <translation>Un appareil de la fenêtre, au lieu de celui de --port et --serial-id. Plusieurs fois : plusieurs.</translation>
+    </message>
+    <message>
+        <source>Each device whose wrench is known begins to work at once.</source>
+        <translation>Chaque appareil dont la clé est connue se met aussitôt au travail.</translation>
+    </message>
+    <message>
+        <source>The page to begin with.</source>
+        <translation>La première page.</translation>
+    </message>
+    <message>
+        <source>How it looks.</source>
+        <translation>Son apparence.</translation>
+    </message>
+    <message>
+        <source>The size of the window in pixels; 1280x800 when not said.</source>
+        <translation>La taille de la fenêtre en pixels ; 1280x800 par défaut.</translation>
+    </message>
+    <message>
+        <source>Draws the window into this PNG file and ends; no display is needed.</source>
+        <translation>Dessine la fenêtre dans ce fichier PNG et se termine ; aucun écran n’est nécessaire.</translation>
+    </message>
+    <message>
+        <source>With --screenshot and --connect: when so many results have come.</source>
+        <translation>Avec --screenshot et --connect : dès que tant de résultats sont arrivés.</translation>
+    </message>
+    <message>
+        <source>the window cannot be made</source>
+        <translation>la fenêtre ne peut pas être créée</translation>
+    </message>
+    <message>
+        <source>see the log above</source>
+        <translation>voir le journal ci-dessus</translation>
+    </message>
+    <message>
+        <source>install the packages that &quot;./run gui&quot; names</source>
+        <translation>installez les paquets que « ./run gui » indique</translation>
+    </message>
+    <message>
+        <source>the window did not come to what is to be drawn</source>
+        <translation>la fenêtre n’est pas arrivée à ce qui doit être dessiné</translation>
+    </message>
+    <message>
+        <source>the picture cannot be written to %1</source>
+        <translation>l’image ne peut pas être écrite dans %1</translation>
+    </message>
+    <message>
+        <source>look at the folder and its rights</source>
+        <translation>vérifiez le dossier et ses droits</translation>
+    </message>
+</context>
+<context>
     <name>HeardWrenches</name>
     <message>
         <source>the wrench %1 was heard, but the link to it did not come about</source>
@@ -2823,6 +2902,21 @@ Options de toutes les commandes :
     <message>
         <source>not good</source>
         <translation>pas bon</translation>
+    </message>
+</context>
+<context>
+    <name>WindowDisplay</name>
+    <message>
+        <source>no window can be shown: there is no display</source>
+        <translation>aucune fenêtre ne peut être affichée : il n’y a pas d’écran</translation>
+    </message>
+    <message>
+        <source>neither DISPLAY nor WAYLAND_DISPLAY is set</source>
+        <translation>ni DISPLAY ni WAYLAND_DISPLAY n’est défini</translation>
+    </message>
+    <message>
+        <source>start it from a desktop, or with ssh -X; --screenshot needs no display</source>
+        <translation>lancez-la depuis un bureau, ou avec ssh -X ; --screenshot n’a pas besoin d’écran</translation>
     </message>
 </context>
 <context>

@@ -11,7 +11,7 @@ UiCard {
     readonly property bool isKnown: device ? device.isLockKnown : false
     readonly property bool isLocked: isKnown && device.isLocked
 
-    contentHeight: Style.touchSize + 3.4 * Style.baseHeight
+    contentHeight: 2 * Style.touchSize + buttons.spacing + 3.4 * Style.baseHeight
 
     UiLabel {
         id: said
@@ -22,7 +22,7 @@ UiCard {
         width: parent.width
     }
 
-    Row {
+    Column {
         id: buttons
 
         anchors {
@@ -30,16 +30,15 @@ UiCard {
             right: parent.right
             bottom: parent.bottom
         }
-        spacing: Style.spacing
+        spacing: 0.6 * Style.spacing
 
         UiButton {
             enabled: card.isWorking
             glyph: "icon-lock"
             isChosen: card.isKnown && card.isLocked
             objectName: card.objectName + ".idLock"
-            padding: Style.baseHeight
             text: qsTr("Lock")
-            width: (buttons.width - buttons.spacing) / 2
+            width: buttons.width
             onClicked: card.device.setLock(true)
         }
 
@@ -48,9 +47,8 @@ UiCard {
             glyph: "icon-unlock"
             isChosen: card.isKnown && !card.isLocked
             objectName: card.objectName + ".idUnlock"
-            padding: Style.baseHeight
             text: qsTr("Unlock")
-            width: (buttons.width - buttons.spacing) / 2
+            width: buttons.width
             onClicked: card.device.setLock(false)
         }
     }

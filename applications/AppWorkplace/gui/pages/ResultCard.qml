@@ -83,6 +83,7 @@ UiCard {
                 left: verdict.right
                 leftMargin: Style.spacing
                 right: unit.left
+                rightMargin: 0.5 * Style.spacing
                 top: parent.top
                 bottom: details.top
                 bottomMargin: Style.spacing

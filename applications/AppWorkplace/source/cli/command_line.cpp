@@ -202,6 +202,15 @@ QList<QCommandLineOption> globalOptions()
     return options;
 }
 
+QString commandOnCommandLine(const QStringList& arguments, const QList<CliEntry>& entries, const QString& option,
+                             bool* isSet)
+{
+    const std::shared_ptr<QCommandLineParser> parser = makeParser(entries);
+    parser->parse(arguments);
+    *isSet = parser->isSet(option);
+    return parser->isSet(c_helpOption) ? QString() : parser->positionalArguments().value(0);
+}
+
 Settings languageOnCommandLine(const QStringList& arguments)
 {
     Settings settings;

@@ -43,6 +43,11 @@ QList<QCommandLineOption> globalOptions();
 /// The name of an option's setting in the configuration file: "serialId" for --serial-id.
 QString settingKey(const QCommandLineOption& option);
 
+/// The command that the arguments name, without a look at anything else; empty: none, or help is asked for.
+/// option: whether the arguments set it.
+QString commandOnCommandLine(const QStringList& arguments, const QList<CliEntry>& entries, const QString& option,
+                             bool* isSet);
+
 /// What the arguments say about the language, without a look at anything else.
 Settings languageOnCommandLine(const QStringList& arguments);
 

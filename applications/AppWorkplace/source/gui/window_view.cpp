@@ -1,0 +1,53 @@
+#include "window_view.h"
+
+#include <QPainter>
+#include <QQmlComponent>
+#include <QQmlContext>
+#include <QQuickItem>
+
+#include <utility>
+
+#include "window_types.h"
+
+WindowView::WindowView(WindowModel& model, QObject* parent) : QObject(parent)
+{
+    registerWindowTypes();
+    m_engine.rootContext()->setContextProperty(QStringLiteral("workplace"), &model);
+    connect(&model, &WindowModel::languageChanged, &m_engine, &QQmlEngine::retranslate);
+}
+
+WindowView::~WindowView() = default;
+
+bool WindowView::show(const QSize& size)
+{
+    QQmlComponent component(&m_engine, QUrl(QStringLiteral("qrc:/applications/AppWorkplace/gui/Main.qml")));
+    std::unique_ptr<QObject> made(component.createWithInitialProperties({{QStringLiteral("width"), size.width()},
+                                                                         {QStringLiteral("height"), size.height()},
+                                                                         {QStringLiteral("visible"), true}}));
+    auto* window = qobject_cast<QQuickWindow*>(made.get());
+    if (window == nullptr) {
+        qCritical("%s", qPrintable(component.errorString()));
+        return false;
+    }
+    made.release(); // it is the window
+    m_window.reset(window);
+    return true;
+}
+
+void WindowView::picture(std::function<void(const QImage&)> answer)
+{
+    // Not of the window itself: what has no screen cannot be read back.
+    m_grab = m_window->contentItem()->grabToImage();
+    if (m_grab == nullptr) {
+        QMetaObject::invokeMethod(
+            this, [answer = std::move(answer)] { answer({}); }, Qt::QueuedConnection);
+        return;
+    }
+    connect(m_grab.data(), &QQuickItemGrabResult::ready, this, [this, answer = std::move(answer)] {
+        QImage image(m_window->contentItem()->size().toSize(), QImage::Format_RGB32);
+        image.fill(m_window->color());
+        QPainter(&image).drawImage(QRect(QPoint(), image.size()), m_grab->image());
+        m_grab.reset();
+        answer(image);
+    });
+}
