@@ -5,6 +5,9 @@
 
 #include <memory>
 
+#include <grp.h>
+#include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <lib_plugins_management/d_abstract_plugin.h>
@@ -32,6 +35,12 @@ private Q_SLOTS:
     void pluginForAnotherQtIsRefused();
     void unreadableFileIsRefused();
     void refusedFileIsRefusedAgain();
+    void fileThatOthersMayWriteToIsRefused();
+    void folderThatOthersMayWriteToIsRefused();
+    void folderOfAWholeLoadIsRefusedOnce();
+    void fileOfAnotherUserIsRefused();
+    void linkIntoAFolderThatOthersMayWriteToIsRefused();
+    void fileOfTheOwnersOwnGroupIsLoaded();
     void missingFolderIsRefused();
     void folderWithoutLibrariesIsRefused();
     void badFilesDoNotKeepTheOthersFromLoading();
@@ -225,6 +234,68 @@ void TstPluginLoader::refusedFileIsRefusedAgain()
         QVERIFY2(m_loader.loadFile(file) == nullptr, plugin);
     }
     QCOMPARE(m_loader.refusals().size(), 6);
+}
+
+void TstPluginLoader::fileThatOthersMayWriteToIsRefused()
+{
+    const QString file = copyTo(QStringLiteral("open.so"));
+    QCOMPARE(::chmod(QFile::encodeName(file).constData(), 0757), 0);
+    expectRefusal(file, QStringLiteral("every user may write to ") + file);
+}
+
+void TstPluginLoader::folderThatOthersMayWriteToIsRefused()
+{
+    const QString file = copyTo(QStringLiteral("good.so"));
+    QCOMPARE(::chmod(QFile::encodeName(m_folder->path()).constData(), 01777), 0);
+    expectRefusal(file, QStringLiteral("every user may write to ") + m_folder->path());
+}
+
+void TstPluginLoader::folderOfAWholeLoadIsRefusedOnce()
+{
+    QVERIFY(!copyTo(QStringLiteral("a.so")).isEmpty());
+    QVERIFY(!copyTo(QStringLiteral("b.so")).isEmpty());
+    QCOMPARE(::chmod(QFile::encodeName(m_folder->path()).constData(), 0777), 0);
+    m_loader.loadFolder(m_folder->path());
+    QVERIFY(m_loader.roots().isEmpty());
+    QCOMPARE(m_loader.refusals().size(), 1);
+    QCOMPARE(m_loader.refusals().constFirst().file, m_folder->path());
+}
+
+void TstPluginLoader::fileOfAnotherUserIsRefused()
+{
+    if (::geteuid() != 0) {
+        QSKIP("only root can give a file away");
+    }
+    const QString file = copyTo(QStringLiteral("stranger.so"));
+    constexpr uid_t c_daemon = 1;
+    QCOMPARE(::chown(QFile::encodeName(file).constData(), c_daemon, gid_t(-1)), 0);
+    expectRefusal(file, QStringLiteral("%1 belongs to daemon").arg(file));
+}
+
+void TstPluginLoader::linkIntoAFolderThatOthersMayWriteToIsRefused()
+{
+    const QTemporaryDir open;
+    const QString real = open.filePath(QStringLiteral("real.so"));
+    QVERIFY(QFile::copy(built(QStringLiteral("good_plugin")), real));
+    const QString link = m_folder->filePath(QStringLiteral("link.so"));
+    QVERIFY(QFile::link(real, link));
+    QCOMPARE(::chmod(QFile::encodeName(open.path()).constData(), 0777), 0);
+    expectRefusal(link, QStringLiteral("every user may write to ") + open.path());
+}
+
+void TstPluginLoader::fileOfTheOwnersOwnGroupIsLoaded()
+{
+    // As it is built with a umask of 002.
+    const struct passwd* user = ::getpwuid(::geteuid());
+    const struct group* group = user == nullptr ? nullptr : ::getgrgid(user->pw_gid);
+    if (group == nullptr || qstrcmp(group->gr_name, user->pw_name) != 0) {
+        QSKIP("this user has no group of its own");
+    }
+    const QString file = copyTo(QStringLiteral("group.so"));
+    QCOMPARE(::chown(QFile::encodeName(file).constData(), uid_t(-1), user->pw_gid), 0);
+    QCOMPARE(::chmod(QFile::encodeName(file).constData(), 0775), 0);
+    QCOMPARE(::chmod(QFile::encodeName(m_folder->path()).constData(), 0775), 0);
+    QVERIFY(m_loader.loadFile(file) != nullptr);
 }
 
 void TstPluginLoader::missingFolderIsRefused()

@@ -12,6 +12,8 @@
 
 #include <lib_plugins_management/d_abstract_plugin.h>
 
+#include "plugin_rights.h"
+
 namespace {
 
 /// An interface id is the maker's prefix and the name of the class, joined by a dot.
@@ -35,6 +37,12 @@ void DPluginLoader::loadFolder(const QString& folder)
                QCoreApplication::translate("PluginLoader", "name the folder that holds the plugins"));
         return;
     }
+    // Of the folder once, not for each file in it.
+    const PluginRights::Problem problem = PluginRights().problemOf(dir.absolutePath());
+    if (!problem.isNone()) {
+        refuse(folder, problem.cause, problem.mend);
+        return;
+    }
     const QStringList files = dir.entryList({QStringLiteral("*.so")}, QDir::Files, QDir::Name);
     if (files.isEmpty()) {
         refuse(folder, QCoreApplication::translate("PluginLoader", "it holds no library (*.so)"),
@@ -56,6 +64,10 @@ DAbstractPlugin* DPluginLoader::loadFile(const QString& file)
     if (!info.isReadable()) {
         return refuse(path, QCoreApplication::translate("PluginLoader", "it may not be read"),
                       QCoreApplication::translate("PluginLoader", "give this user the right to read it"));
+    }
+    const PluginRights::Problem problem = PluginRights().problemOfFileAndFolder(path);
+    if (!problem.isNone()) {
+        return refuse(path, problem.cause, problem.mend);
     }
     QPluginLoader loader(path);
     // A function that is missing is found now, not when it is called and ends the process.

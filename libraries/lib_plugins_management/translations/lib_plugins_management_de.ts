@@ -91,5 +91,29 @@
         <source>it failed while it was loaded</source>
         <translation>es scheiterte beim Laden</translation>
     </message>
+    <message>
+        <source>%1 belongs to %2, who is neither root nor this user nor the owner of this program</source>
+        <translation>%1 gehört %2, und das ist weder root noch dieser Benutzer noch der Eigentümer dieses Programms</translation>
+    </message>
+    <message>
+        <source>when you trust it, make it yours: sudo chown $USER &quot;%1&quot;; otherwise take another one</source>
+        <translation>wenn Sie ihm trauen, machen Sie es zu Ihrem: sudo chown $USER &quot;%1&quot;; sonst nehmen Sie ein anderes</translation>
+    </message>
+    <message>
+        <source>every user may write to %1</source>
+        <translation>jeder Benutzer darf in %1 schreiben</translation>
+    </message>
+    <message>
+        <source>see that nobody has changed it, then take that right away: chmod o-w &quot;%1&quot;</source>
+        <translation>prüfen Sie, dass niemand etwas geändert hat, und nehmen Sie dieses Recht weg: chmod o-w &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>everybody in the group %2 may write to %1</source>
+        <translation>jeder in der Gruppe %2 darf in %1 schreiben</translation>
+    </message>
+    <message>
+        <source>see that nobody has changed it, then take that right away: chmod g-w &quot;%1&quot;</source>
+        <translation>prüfen Sie, dass niemand etwas geändert hat, und nehmen Sie dieses Recht weg: chmod g-w &quot;%1&quot;</translation>
+    </message>
 </context>
 </TS>

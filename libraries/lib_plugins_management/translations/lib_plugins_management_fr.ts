@@ -91,5 +91,29 @@
         <source>it failed while it was loaded</source>
         <translation>il a échoué au chargement</translation>
     </message>
+    <message>
+        <source>%1 belongs to %2, who is neither root nor this user nor the owner of this program</source>
+        <translation>%1 appartient à %2, qui n’est ni root, ni cet utilisateur, ni le propriétaire de ce programme</translation>
+    </message>
+    <message>
+        <source>when you trust it, make it yours: sudo chown $USER &quot;%1&quot;; otherwise take another one</source>
+        <translation>si vous lui faites confiance, appropriez-vous-le : sudo chown $USER &quot;%1&quot; ; sinon prenez-en un autre</translation>
+    </message>
+    <message>
+        <source>every user may write to %1</source>
+        <translation>tout utilisateur peut écrire dans %1</translation>
+    </message>
+    <message>
+        <source>see that nobody has changed it, then take that right away: chmod o-w &quot;%1&quot;</source>
+        <translation>vérifiez que personne n’y a rien changé, puis retirez ce droit : chmod o-w &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>everybody in the group %2 may write to %1</source>
+        <translation>tout membre du groupe %2 peut écrire dans %1</translation>
+    </message>
+    <message>
+        <source>see that nobody has changed it, then take that right away: chmod g-w &quot;%1&quot;</source>
+        <translation>vérifiez que personne n’y a rien changé, puis retirez ce droit : chmod g-w &quot;%1&quot;</translation>
+    </message>
 </context>
 </TS>

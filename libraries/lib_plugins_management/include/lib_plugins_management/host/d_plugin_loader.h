@@ -19,6 +19,8 @@ struct LIB_PLUGINS_MANAGEMENT_EXPORT DPluginRefusal
 };
 
 /// Finds plugin libraries and loads them. A file that cannot be used is refused and named; the others still load.
+/// Nothing is loaded that somebody else could have changed: file and folder must belong to root, to this user or to the
+/// owner of the running program, and nobody else may write to them. A group that is the owner's alone is no matter.
 /// Loaded libraries stay loaded until the process ends.
 class LIB_PLUGINS_MANAGEMENT_EXPORT DPluginLoader
 {
