@@ -67,6 +67,8 @@ FocusScope {
         } else if (item instanceof T.AbstractButton) {
             item.font = Qt.binding(function () { return Style.fontText })
             item.palette = Qt.binding(function () { return look.palette })
+            item.Accessible.role = Accessible.Button
+            item.Accessible.name = Qt.binding(function () { return item.text })
         }
         for (let i = 0; i < item.children.length; ++i) {
             prepare(item.children[i])

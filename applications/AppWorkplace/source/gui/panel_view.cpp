@@ -89,8 +89,11 @@ void PanelView::load()
     root.release(); // it is m_panel
     m_panel->setParentItem(this);
     m_panel->setSize(size());
+    const bool wasInSight = isVisible();
     Q_EMIT panelChanged();
-    refresh();
+    if (wasInSight) {
+        refresh();
+    }
 }
 
 void PanelView::refresh()

@@ -42,7 +42,7 @@ public:
     QString problemCause() const { return m_problem.cause; }
     QString problemMend() const { return m_problem.mend; }
 
-    /// Asks the panel to show fresh values. Done by itself when it is loaded and when it comes into sight.
+    /// Asks the panel to show fresh values. Done by itself when it is loaded in sight, and when it comes into sight.
     Q_INVOKABLE void refresh();
 
 Q_SIGNALS:
