@@ -30,6 +30,8 @@ private Q_SLOTS:
     void takesCommentsEverywhere();
     void changesNothingWhenItRefuses();
     void refusesAFileThatCannotBeRead();
+    void refusesAHugeFileByItsSize();
+    void refusesADeviceThatNeverEnds();
     void readsTheExample();
 };
 
@@ -135,6 +137,29 @@ void TestConfigurationFile::refusesAFileThatCannotBeRead()
     QVERIFY2(problem->what.contains(file), qPrintable(problem->what));
     QVERIFY(!problem->cause.isEmpty());
     QCOMPARE(problem->exitStatus(), 3);
+}
+
+void TestConfigurationFile::refusesAHugeFileByItsSize()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("huge.json")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(file.resize(qint64{2} * 1024 * 1024 * 1024)); // without a block on the disk
+    file.close();
+    Settings settings;
+    const auto problem = configuration::readFile(file.fileName(), sections(), settings);
+    QVERIFY(problem);
+    QVERIFY2(problem->what.contains(file.fileName()), qPrintable(problem->what));
+    QVERIFY2(problem->cause.contains(QString::number(configuration::c_maxFileBytes)), qPrintable(problem->cause));
+    QCOMPARE(problem->exitStatus(), 3);
+}
+
+void TestConfigurationFile::refusesADeviceThatNeverEnds()
+{
+    Settings settings;
+    const auto problem = configuration::readFile(QStringLiteral("/dev/zero"), sections(), settings);
+    QVERIFY(problem);
+    QVERIFY2(problem->cause.contains(QString::number(configuration::c_maxFileBytes)), qPrintable(problem->cause));
 }
 
 void TestConfigurationFile::readsTheExample()

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void keepsDevicesApart();
     void leavesADamagedFileAlone_data();
     void leavesADamagedFileAlone();
+    void refusesAHugeFileByItsSize();
     void saysWhyItCannotStore();
 };
 
@@ -104,6 +105,21 @@ void TestDeviceStore::leavesADamagedFileAlone()
     QVERIFY(!cause.isEmpty());
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), text);
+}
+
+void TestDeviceStore::refusesAHugeFileByItsSize()
+{
+    const QTemporaryDir folder;
+    DeviceStore store(folder.path(), QStringLiteral("2210"));
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("devices")));
+    QFile file(store.file());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("{}");
+    QVERIFY(file.resize(qint64{2} * 1024 * 1024 * 1024)); // without a block on the disk
+    file.close();
+    QString cause;
+    QVERIFY(!store.load(&cause));
+    QVERIFY2(cause.contains(QString::number(DeviceStore::c_maxFileBytes)), qPrintable(cause));
 }
 
 // A file in the place of the folder stops root as well.

@@ -80,6 +80,8 @@ private Q_SLOTS:
     void exampleProgramsDiffer();
     void programsFileIsRead();
     void programsFileNamesTheBadLine();
+    void programsFileThatNeverEndsIsRefused();
+    void programsFileOfTooManyProgramsIsRefused();
 };
 
 void TestWrench::lockIsSetAndProbed()
@@ -406,6 +408,25 @@ void TestWrench::programsFileNamesTheBadLine()
     QString error;
     QVERIFY(Program::fromFile(file.fileName(), &error).empty());
     QVERIFY2(error.contains(QStringLiteral("line 3")), qPrintable(error));
+}
+
+void TestWrench::programsFileThatNeverEndsIsRefused()
+{
+    QString error;
+    QVERIFY(Program::fromFile(QStringLiteral("/dev/zero"), &error).empty());
+    QVERIFY2(error.contains(QStringLiteral("programs file /dev/zero, line 1")), qPrintable(error));
+}
+
+void TestWrench::programsFileOfTooManyProgramsIsRefused()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("programs")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray("UNT0,ANG90,TRQ12,SNG3,ADT0,NUM1\n").repeated(10001));
+    file.close();
+    QString error;
+    QVERIFY(Program::fromFile(file.fileName(), &error).empty());
+    QVERIFY2(error.contains(QStringLiteral("line 10001")), qPrintable(error));
 }
 
 QTEST_GUILESS_MAIN(TestWrench)

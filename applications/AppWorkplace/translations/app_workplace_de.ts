@@ -340,6 +340,18 @@ Optionen aller Befehle:
         <source>write {&quot;port&quot;: &quot;…&quot;, &quot;serialId&quot;: &quot;…&quot;}</source>
         <translation>schreiben Sie {&quot;port&quot;: &quot;…&quot;, &quot;serialId&quot;: &quot;…&quot;}</translation>
     </message>
+    <message>
+        <source>the configuration %1 is not used</source>
+        <translation>die Konfiguration %1 wird nicht verwendet</translation>
+    </message>
+    <message>
+        <source>it is longer than %1 bytes</source>
+        <translation>sie ist länger als %1 Byte</translation>
+    </message>
+    <message>
+        <source>name a configuration file; no configuration is so long</source>
+        <translation>nennen Sie eine Konfigurationsdatei; so lang ist keine Konfiguration</translation>
+    </message>
 </context>
 <context>
     <name>ConfigurationText</name>
@@ -561,6 +573,10 @@ Optionen aller Befehle:
     <message>
         <source>it holds no JSON object</source>
         <translation>sie enthält kein JSON-Objekt</translation>
+    </message>
+    <message>
+        <source>it is longer than %1 bytes</source>
+        <translation>sie ist länger als %1 Byte</translation>
     </message>
 </context>
 <context>

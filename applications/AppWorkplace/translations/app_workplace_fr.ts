@@ -340,6 +340,18 @@ Options de toutes les commandes :
         <source>write {&quot;port&quot;: &quot;…&quot;, &quot;serialId&quot;: &quot;…&quot;}</source>
         <translation>écrivez {&quot;port&quot;: &quot;…&quot;, &quot;serialId&quot;: &quot;…&quot;}</translation>
     </message>
+    <message>
+        <source>the configuration %1 is not used</source>
+        <translation>la configuration %1 n’est pas utilisée</translation>
+    </message>
+    <message>
+        <source>it is longer than %1 bytes</source>
+        <translation>elle dépasse %1 octets</translation>
+    </message>
+    <message>
+        <source>name a configuration file; no configuration is so long</source>
+        <translation>indiquez un fichier de configuration ; aucune configuration n’est si longue</translation>
+    </message>
 </context>
 <context>
     <name>ConfigurationText</name>
@@ -561,6 +573,10 @@ Options de toutes les commandes :
     <message>
         <source>it holds no JSON object</source>
         <translation>il ne contient pas d’objet JSON</translation>
+    </message>
+    <message>
+        <source>it is longer than %1 bytes</source>
+        <translation>il dépasse %1 octets</translation>
     </message>
 </context>
 <context>

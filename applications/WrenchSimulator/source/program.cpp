@@ -8,6 +8,8 @@
 namespace {
 constexpr std::array<const char*, 6> c_codes = {"UNT", "ANG", "TRQ", "SNG", "ADT", "NUM"};
 constexpr int c_codeLength = 3;
+constexpr int c_maxLineBytes = 4096; // a device would never end, nor would its line
+constexpr int c_maxPrograms = 10000;
 
 std::optional<double> fieldValue(const QList<QByteArray>& fields, const char* code)
 {
@@ -70,7 +72,15 @@ std::vector<Program> Program::fromFile(const QString& path, QString* error)
     }
     std::vector<Program> programs;
     for (int number = 1; !file.atEnd(); ++number) {
-        const QByteArray line = file.readLine().trimmed();
+        const QByteArray read = file.readLine(c_maxLineBytes + 1);
+        if (read.size() >= c_maxLineBytes || int(programs.size()) >= c_maxPrograms) {
+            *error = QStringLiteral("programs file %1, line %2: no programs file has lines of %3 bytes or %4 programs; "
+                                    "name another one")
+                         .arg(path, QString::number(number), QString::number(c_maxLineBytes),
+                              QString::number(c_maxPrograms));
+            return {};
+        }
+        const QByteArray line = read.trimmed();
         if (line.isEmpty() || line.startsWith('#')) {
             continue;
         }

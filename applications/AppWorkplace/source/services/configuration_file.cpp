@@ -221,7 +221,15 @@ std::optional<Problem> configuration::readFile(const QString& file, const Sectio
             input.errorString(),
             QCoreApplication::translate("ConfigurationFile", "check the name and the rights of the file")};
     }
-    return read(input.readAll(), file, sections, settings);
+    const QByteArray text = input.read(c_maxFileBytes + 1);
+    if (text.size() > c_maxFileBytes) {
+        return Problem{
+            Problem::Kind::SetUp, QStringLiteral("configuration"),
+            QCoreApplication::translate("ConfigurationFile", "the configuration %1 is not used").arg(file),
+            QCoreApplication::translate("ConfigurationFile", "it is longer than %1 bytes").arg(c_maxFileBytes),
+            QCoreApplication::translate("ConfigurationFile", "name a configuration file; no configuration is so long")};
+    }
+    return read(text, file, sections, settings);
 }
 
 std::optional<Problem> configuration::read(const QByteArray& text, const QString& file, const Sections& sections,

@@ -18,6 +18,9 @@ enum class Value { Text, Switch, WholeNumber, Number };
 /// The settings of commands: by the name of the command and the key.
 using Sections = QMap<QString, QMap<QString, Value>>;
 
+/// No configuration needs more bytes; a longer file, or a device that never ends, is refused after as many.
+constexpr int c_maxFileBytes = 1024 * 1024;
+
 /// Where a user's configuration is when none is named.
 QString defaultFile();
 

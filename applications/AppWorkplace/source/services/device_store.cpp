@@ -29,7 +29,12 @@ bool DeviceStore::load(QString* cause)
         return false;
     }
     QJsonParseError error{};
-    const QJsonDocument document = QJsonDocument::fromJson(input.readAll(), &error);
+    const QByteArray text = input.read(c_maxFileBytes + 1);
+    if (text.size() > c_maxFileBytes) {
+        *cause = QCoreApplication::translate("DeviceStore", "it is longer than %1 bytes").arg(c_maxFileBytes);
+        return false;
+    }
+    const QJsonDocument document = QJsonDocument::fromJson(text, &error);
     if (!document.isObject()) {
         *cause = error.error == QJsonParseError::NoError
                      ? QCoreApplication::translate("DeviceStore", "it holds no JSON object")

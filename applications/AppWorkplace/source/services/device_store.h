@@ -9,6 +9,9 @@
 class DeviceStore
 {
 public:
+    /// No device stores more bytes; a longer file is refused before it is read whole.
+    static constexpr int c_maxFileBytes = 4 * 1024 * 1024;
+
     /// folder: empty for none. device: names the file, "2210" for devices/2210.json.
     DeviceStore(const QString& folder, const QString& device);
 
