@@ -71,8 +71,12 @@ std::vector<Program> Program::fromFile(const QString& path, QString* error)
         return {};
     }
     std::vector<Program> programs;
-    for (int number = 1; !file.atEnd(); ++number) {
+    for (int number = 1;; ++number) {
+        // Not until atEnd(), which a device is from the beginning.
         const QByteArray read = file.readLine(c_maxLineBytes + 1);
+        if (read.isEmpty()) {
+            break;
+        }
         if (read.size() >= c_maxLineBytes || int(programs.size()) >= c_maxPrograms) {
             *error = QStringLiteral("programs file %1, line %2: no programs file has lines of %3 bytes or %4 programs; "
                                     "name another one")
