@@ -268,8 +268,19 @@ void SerialLine::bytesArrived(const QByteArray& bytes)
     }
 }
 
-void SerialLine::deliver(const QByteArray& bytes)
+void SerialLine::deliver(const QByteArray& chunk)
 {
+    const QByteArray bytes = m_lineBound.arrived(chunk);
+    if (m_lineBound.takeOverflow()) {
+        m_warnings.warn(
+            QStringLiteral("endless line"),
+            QStringLiteral("%1: a line is longer than %2 bytes: its rest is dropped, up to its end. Check the "
+                           "baud rate and what is connected.")
+                .arg(m_portName, QString::number(LineBound::c_limitBytes)));
+    }
+    if (bytes.isEmpty()) {
+        return;
+    }
     const QPointer<SerialLine> self(this);
     deliverKept();
     if (self.isNull()) {

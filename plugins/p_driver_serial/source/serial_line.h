@@ -11,6 +11,7 @@
 
 #include "i_serial_port.h"
 #include "keep_alive.h"
+#include "line_bound.h"
 #include "line_settings.h"
 #include "line_trace.h"
 #include "undelivered_input.h"
@@ -112,7 +113,7 @@ private:
     bool answer(const WriteQueue::Entry& entry, const QString& error);
     void failQueued();
 
-    void deliver(const QByteArray& bytes);
+    void deliver(const QByteArray& chunk);
     void handOut(const QByteArray& bytes, QVector<ILineListener*> listeners);
     void deliverKept();
     bool isHandOver() const;
@@ -145,5 +146,6 @@ private:
 
     LineTrace m_trace;
     KeepAlive m_keepAlive;
+    LineBound m_lineBound;
     std::unique_ptr<ISerialPort> m_port;
 };
