@@ -80,6 +80,7 @@ private Q_SLOTS:
     void simulatedTimeMayRunFaster();
     void timeLineUnplugsAndReplugs();
     void wrongOptionEndsWithStatusTwo();
+    void controlCharactersAreNotSaid();
     void unusableLineEndsWithStatusThree();
 };
 
@@ -451,6 +452,19 @@ void TestSimulatorProcess::timeLineUnplugsAndReplugs()
     terminal.send("ATH");
     QVERIFY(terminal.waitForHangUp());
     QVERIFY(simulator.readLine().startsWith(QStringLiteral("ready ")));
+}
+
+void TestSimulatorProcess::controlCharactersAreNotSaid()
+{
+    QProcess process;
+    process.start(QStringLiteral(SIMULATOR), {QStringLiteral("--rate"), QStringLiteral("\x1b[31mfast")});
+    QVERIFY(process.waitForFinished());
+    const QByteArray note = process.readAllStandardError();
+    QVERIFY2(note.contains("\\x1b[31mfast") && !note.contains('\x1b'), note.constData());
+
+    SimulatorProcess simulator;
+    QVERIFY(simulator.start({}));
+    QCOMPARE(simulator.command("\x1b[31m"), QStringLiteral("error \"\\x1b[31m\" is no command: \"help\" lists them"));
 }
 
 void TestSimulatorProcess::wrongOptionEndsWithStatusTwo()

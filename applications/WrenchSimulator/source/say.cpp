@@ -1,14 +1,16 @@
 #include "say.h"
 
+#include "visible_text.h"
+
 #include <cstdio>
 
 void sayLine(const QString& text)
 {
-    std::fprintf(stdout, "%s\n", text.toLocal8Bit().constData());
+    std::fprintf(stdout, "%s\n", visibleText(text).toLocal8Bit().constData());
     std::fflush(stdout);
 }
 
 void sayNote(const QString& text)
 {
-    std::fprintf(stderr, "wrench_simulator: %s\n", text.toLocal8Bit().constData());
+    std::fprintf(stderr, "wrench_simulator: %s\n", visibleText(text).toLocal8Bit().constData());
 }

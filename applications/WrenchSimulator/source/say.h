@@ -2,6 +2,8 @@
 
 #include <QString>
 
+// Control characters are made visible: much of what is said here came from somewhere else.
+
 /// One line on standard output, out at once: for programs and for the console.
 void sayLine(const QString& text);
 
