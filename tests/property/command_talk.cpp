@@ -31,6 +31,15 @@ QSharedPointer<ICommand> commandOf(PDeviceHaitor& plugin, const TalkSetUp& setUp
     return makers.value(setUp.command)(plugin, setUp.parameters);
 }
 
+/// As eventText() has it, but that an address may bring anything into a frame.
+QString textOf(const OrderEvent& event)
+{
+    const QByteArray frame = event.instruction.parameters.value(QStringLiteral("frame")).toByteArray();
+    const bool isBroken =
+        frame.startsWith("ATD ") && (frame.chopped(2).contains('\r') || frame.chopped(2).contains('\n'));
+    return isBroken ? QStringLiteral("host>   ") + QString::fromUtf8(frame.chopped(2)) : eventText(event);
+}
+
 } // namespace
 
 CommandTalk::CommandTalk(PDeviceHaitor& plugin, const TalkSetUp& setUp)
@@ -77,7 +86,7 @@ TalkOutcome CommandTalk::outcome() const
     TalkOutcome outcome;
     const QVector<OrderEvent>& events = m_order.events();
     for (const OrderEvent& event : events) {
-        outcome.events.append(eventText(event));
+        outcome.events.append(textOf(event));
     }
     for (const QString& name : c_properties) {
         const QVariant value = m_plugin.getProperty(name, QVariant());
