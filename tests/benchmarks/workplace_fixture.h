@@ -8,11 +8,11 @@
 #include <lib_plugins_management/host/d_plugin_loader.h>
 #include <lib_utilities/system_clock.h>
 
-/// The built plugins in a host, the driver on a port.
+/// The built plugins in a host.
 class WorkplaceFixture
 {
 public:
-    explicit WorkplaceFixture(const QString& port) : host(clock)
+    WorkplaceFixture() : host(clock)
     {
         loader.loadFolder(QStringLiteral(PLUGIN_FOLDER));
         for (DAbstractPlugin* root : loader.roots()) {
@@ -22,6 +22,14 @@ public:
         if (driverRoot == nullptr || deviceRoot == nullptr) {
             qFatal("the plugins are not built");
         }
+    }
+
+    /// With one device, and its driver on a port.
+    explicit WorkplaceFixture(const QString& port) : WorkplaceFixture() { addDevice(port); }
+
+    /// Another device, and its driver on a port; from then on it is the one that device and driver are.
+    void addDevice(const QString& port)
+    {
         auto configuration = QSharedPointer<QJsonObject>::create();
         configuration->insert(driverRoot->pluginUuid().toString(), QJsonObject{{QStringLiteral("port"), port}});
         driver = host.createInstance(*driverRoot, QUuid::createUuid(), configuration);
