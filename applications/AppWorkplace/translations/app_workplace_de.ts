@@ -661,7 +661,7 @@ Optionen aller Befehle:
     </message>
     <message>
         <source>The line of %1 is in use (%2), and the doctor needs it for itself.</source>
-        <translation>Die Leitung von %1 ist in Gebrauch (%2), und die Untersuchung braucht sie für sich allein.</translation>
+        <translation>Die Leitung von %1 ist in Gebrauch (%2), und die Diagnose braucht sie für sich allein.</translation>
     </message>
     <message>
         <source>Stop what uses the line</source>
@@ -673,7 +673,7 @@ Optionen aller Befehle:
     </message>
     <message>
         <source>Stages of the examination</source>
-        <translation>Schritte der Untersuchung</translation>
+        <translation>Schritte der Diagnose</translation>
     </message>
 </context>
 <context>
@@ -691,11 +691,11 @@ Optionen aller Befehle:
     </message>
     <message>
         <source>Examining</source>
-        <translation>Untersuchung läuft</translation>
+        <translation>Diagnose läuft</translation>
     </message>
     <message>
         <source>Examining: %1</source>
-        <translation>Untersuchung läuft: %1</translation>
+        <translation>Diagnose läuft: %1</translation>
     </message>
     <message>
         <source>%1 passed, %2 failed, %3 skipped</source>
@@ -2723,7 +2723,7 @@ Optionen aller Befehle:
     </message>
     <message>
         <source>Entries of the trace, %1</source>
-        <translation>Einträge der Aufzeichnung, %1</translation>
+        <translation>Einträge des Mitschnitts, %1</translation>
     </message>
     <message>
         <source>sent</source>
@@ -2810,7 +2810,7 @@ Optionen aller Befehle:
     </message>
     <message>
         <source>Save what is kept as a trace that can be played back</source>
-        <translation>Speichern, was aufbewahrt ist, als Aufzeichnung, die sich abspielen lässt</translation>
+        <translation>Speichern, was aufbewahrt ist, als Mitschnitt, der sich abspielen lässt</translation>
     </message>
     <message>
         <source>Save</source>
@@ -2825,7 +2825,7 @@ Optionen aller Befehle:
     <name>TraceTable</name>
     <message>
         <source>there is no trace to save</source>
-        <translation>es gibt keine Aufzeichnung zu speichern</translation>
+        <translation>es gibt keinen Mitschnitt zu speichern</translation>
     </message>
     <message>
         <source>nothing was heard of the line yet</source>
@@ -2833,7 +2833,7 @@ Optionen aller Befehle:
     </message>
     <message>
         <source>the trace is not saved</source>
-        <translation>die Aufzeichnung ist nicht gespeichert</translation>
+        <translation>der Mitschnitt ist nicht gespeichert</translation>
     </message>
     <message>
         <source>the file has no name</source>

@@ -133,6 +133,9 @@ void GuiCommand::start()
         });
         connect(m_view->window(), &QQuickWindow::frameSwapped, this, &GuiCommand::takePictureWhenReady,
                 Qt::QueuedConnection);
+        // A page may show nothing of that, and draw no frame for it.
+        connect(m_model->devices()->at(0), &DeviceModel::resultChanged, this, &GuiCommand::takePictureWhenReady,
+                Qt::QueuedConnection);
     }
 }
 
