@@ -83,7 +83,7 @@ void TestDriverLog::tellsOfDroppedInputOnceInTenSeconds()
     for (int i = 0; i < c_times; ++i) {
         const Run write = driver.write("ATS\r\n");
         driver.port->leave();
-        driver.port->arrive(QByteArray(UndeliveredInput::c_limitBytes + 1, 'x'));
+        driver.port->arrive(QByteArray(UndeliveredInput::c_limitBytes - 1, 'x') + "\r\n");
         const Run run = driver.listen();
         driver.clock->advance(1000);
         run.stop();
