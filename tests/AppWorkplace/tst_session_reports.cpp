@@ -129,7 +129,7 @@ public:
     QStringList lines() const
     {
         QByteArray bytes(int(std::ftell(m_file)), '\0');
-        std::rewind(m_file);
+        std::fseek(m_file, 0, SEEK_SET);
         const std::size_t size = std::fread(bytes.data(), 1, std::size_t(bytes.size()), m_file);
         QStringList lines = QString::fromUtf8(bytes.left(int(size))).split(QLatin1Char('\n'));
         lines.removeLast(); // behind the last line end

@@ -29,7 +29,7 @@ QByteArray contents(const File& file)
 {
     std::fflush(file.get());
     QByteArray bytes(int(std::ftell(file.get())), '\0');
-    std::rewind(file.get());
+    std::fseek(file.get(), 0, SEEK_SET);
     const std::size_t size = std::fread(bytes.data(), 1, std::size_t(bytes.size()), file.get());
     return bytes.left(int(size));
 }

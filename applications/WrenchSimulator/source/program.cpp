@@ -43,7 +43,7 @@ std::optional<Program> Program::fromFields(const QByteArray& fields, QString* er
         *error = QStringLiteral("only UNT, ANG, TRQ, SNG, ADT and NUM are fields of a program");
         return std::nullopt;
     }
-    const double torque = *fieldValue(list, "TRQ");
+    const double torque = fieldValue(list, "TRQ").value_or(0.0);
     if (torque <= 0.0) {
         *error = QStringLiteral("the torque after \"TRQ\" must be more than 0");
         return std::nullopt;

@@ -10,6 +10,7 @@ Dongle makeDongle(const Scenario& scenario, const NoteSink& note)
 {
     const RandomSource random(scenario.seed);
     std::vector<Wrench> wrenches;
+    wrenches.reserve(scenario.wrenches.size());
     for (const Wrench::Settings& settings : scenario.wrenches) {
         wrenches.emplace_back(settings, random.stream("tightening " + settings.mac), note);
     }

@@ -18,8 +18,7 @@ std::optional<FoundDevice> FoundDevices::addFromLine(const QString& line)
     if (fields.size() < c_fewestFields) {
         return std::nullopt;
     }
-    const FoundDevice device{fields.at(c_addressField), fields.at(c_serialNumberField),
-                             fields.at(c_signalStrengthField)};
+    FoundDevice device{fields.at(c_addressField), fields.at(c_serialNumberField), fields.at(c_signalStrengthField)};
     m_byAddress.insert(device.address, device);
     return device;
 }

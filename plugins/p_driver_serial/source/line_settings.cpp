@@ -129,12 +129,14 @@ public:
     template <class Value, std::size_t Count>
     void choice(const char* key, const Choice<Value> (&choices)[Count], Value value)
     {
-        const auto* found = std::find_if(std::begin(choices), std::end(choices),
-                                         [&](const Choice<Value>& each) { return each.value == value; });
-        const QString text = QLatin1String(found->text);
-        bool isNumber = false;
-        const int number = text.toInt(&isNumber);
-        add(key, isNumber ? QVariant(number) : QVariant(text), allowedChoices(choices));
+        for (const Choice<Value>& each : choices) {
+            if (each.value == value) {
+                const QString text = QLatin1String(each.text);
+                bool isNumber = false;
+                const int number = text.toInt(&isNumber);
+                add(key, isNumber ? QVariant(number) : QVariant(text), allowedChoices(choices));
+            }
+        }
     }
 
     QVariantList list;
