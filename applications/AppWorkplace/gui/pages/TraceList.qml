@@ -80,7 +80,7 @@ Rectangle {
             follows = true
             currentIndex = -1
         }
-        onMovementEnded: follows = atYEnd
+        onMovementEnded: Qt.callLater(function () { list.follows = list.atYEnd })
 
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Entries of the trace, %1").arg(count)
