@@ -27,7 +27,8 @@ SECTIONS = [key for key, rule in KEYS.items() if rule.get("type") == "object"]
 def good_value(rule):
     if "enum" in rule:
         return rule["enum"][-1]
-    return {"string": "x", "boolean": True, "object": {}, "integer": rule.get("minimum", 1), "number": 1.5}[rule["type"]]
+    return {"string": "x", "boolean": True, "object": {}, "integer": rule.get("minimum", 1), "number": 1.5,
+            "array": ["x"]}[rule["type"]]
 
 
 def run(configuration, *command):
@@ -81,7 +82,7 @@ class ConfigurationTest(unittest.TestCase):
 
     def test_wrong_types_of_commands_options(self):
         wrong = {"boolean": [1, "true", None], "integer": ["1", 1.5, True], "number": ["1", True, None],
-                 "string": [1, True, None]}
+                 "string": [1, True, None], "array": ["x", [1], None, {}]}
         for section in set(SECTIONS) - {"driver"}:
             for key, rule in KEYS[section]["properties"].items():
                 for value in wrong[rule.get("type", "string")]:

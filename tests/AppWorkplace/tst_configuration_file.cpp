@@ -1,5 +1,6 @@
 #include <QtTest>
 
+#include <QJsonArray>
 #include <QTemporaryDir>
 
 #include "services/configuration_file.h"
@@ -13,7 +14,8 @@ configuration::Sections sections()
              {{QStringLiteral("steps"), configuration::Value::WholeNumber},
               {QStringLiteral("speed"), configuration::Value::Number},
               {QStringLiteral("alone"), configuration::Value::Switch},
-              {QStringLiteral("tune"), configuration::Value::Text}}}};
+              {QStringLiteral("tune"), configuration::Value::Text},
+              {QStringLiteral("with"), configuration::Value::TextList}}}};
 }
 
 } // namespace
@@ -40,7 +42,7 @@ void TestConfigurationFile::readsEachKey()
     Settings settings;
     const auto problem = configuration::read(R"({"port": "/dev/x", "serialId": "7", "plugins": "p", "data": "d",
         "trace": "t", "language": "de", "json": true, "quiet": true, "verbose": true, "driver": {"baudRate": 9600},
-        "dance": {"steps": 2, "speed": 1.5, "alone": true, "tune": "t"}})",
+        "dance": {"steps": 2, "speed": 1.5, "alone": true, "tune": "t", "with": ["a", "b"]}})",
                                              QStringLiteral("f"), sections(), settings);
     QVERIFY(!problem);
     QCOMPARE(
@@ -51,7 +53,9 @@ void TestConfigurationFile::readsEachKey()
     QVERIFY(settings.isJson && settings.isQuiet && settings.isVerbose);
     QCOMPARE(settings.commands.value(QStringLiteral("dance")).toObject().keys(),
              (QStringList{QStringLiteral("alone"), QStringLiteral("speed"), QStringLiteral("steps"),
-                          QStringLiteral("tune")}));
+                          QStringLiteral("tune"), QStringLiteral("with")}));
+    QCOMPARE(settings.commands.value(QStringLiteral("dance")).toObject().value(QLatin1String("with")).toArray(),
+             (QJsonArray{QStringLiteral("a"), QStringLiteral("b")}));
     QCOMPARE(settings.driver, (QJsonObject{{QStringLiteral("baudRate"), 9600}}));
 }
 
@@ -87,6 +91,10 @@ void TestConfigurationFile::refusesWithTheLine_data()
         << QByteArray("{\"dance\":\n{\"steps\": 1.5}}") << 2 << "\"steps\" is not a whole number";
     QTest::newRow("a text for a number") << QByteArray("{\"dance\":\n{\"speed\": \"1\"}}") << 2
                                          << "\"speed\" is not a number";
+    QTest::newRow("a text for a list") << QByteArray("{\"dance\":\n{\"with\": \"a\"}}") << 2
+                                       << "\"with\" is not a list of texts";
+    QTest::newRow("a number in a list") << QByteArray("{\"dance\":\n{\"with\": [\"a\", 1]}}") << 2
+                                        << "\"with\" is not a list of texts";
     QTest::newRow("a text for a command") << QByteArray("{\"dance\": \"x\"}") << 1 << "\"dance\" is not an object";
     QTest::newRow("a comment that is no text") << QByteArray("{\n\"//port\": 5}") << 2 << "\"//port\" is not known";
     QTest::newRow("a key with an escape") << QByteArray("{\n\"pr\\u006ft\": \"x\"}") << 2 << "\"prot\" is not known";

@@ -352,6 +352,14 @@ Optionen aller Befehle:
         <source>name a configuration file; no configuration is so long</source>
         <translation>nennen Sie eine Konfigurationsdatei; so lang ist keine Konfiguration</translation>
     </message>
+    <message>
+        <source>write a list: [&quot;…&quot;, &quot;…&quot;]</source>
+        <translation>schreiben Sie eine Liste: [&quot;…&quot;, &quot;…&quot;]</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a list of texts</source>
+        <translation>„%1“ ist keine Liste von Texten</translation>
+    </message>
 </context>
 <context>
     <name>ConfigurationText</name>
@@ -462,10 +470,6 @@ Optionen aller Befehle:
         <translation>Schlüssel in Reichweite werden gesucht</translation>
     </message>
     <message>
-        <source>connecting</source>
-        <translation>wird verbunden</translation>
-    </message>
-    <message>
         <source>ready: results are taken</source>
         <translation>bereit: Ergebnisse werden aufgenommen</translation>
     </message>
@@ -480,10 +484,6 @@ Optionen aller Befehle:
     <message>
         <source>link lost: %1</source>
         <translation>Verbindung verloren: %1</translation>
-    </message>
-    <message>
-        <source>ending</source>
-        <translation>wird beendet</translation>
     </message>
     <message>
         <source>Program %1</source>
@@ -512,6 +512,34 @@ Optionen aller Befehle:
     <message>
         <source>the maintenance panel is at work</source>
         <translation>die Wartungsansicht arbeitet</translation>
+    </message>
+    <message>
+        <source>ending: the dongle hangs up</source>
+        <translation>wird beendet: der Dongle legt auf</translation>
+    </message>
+    <message>
+        <source>opening the line</source>
+        <translation>die Leitung wird geöffnet</translation>
+    </message>
+    <message>
+        <source>looking for the wrench %1, and connecting</source>
+        <translation>der Schlüssel %1 wird gesucht und verbunden</translation>
+    </message>
+    <message>
+        <source>configuring the wrench</source>
+        <translation>der Schlüssel wird konfiguriert</translation>
+    </message>
+    <message>
+        <source>reading the programs</source>
+        <translation>die Programme werden gelesen</translation>
+    </message>
+    <message>
+        <source>selecting the program</source>
+        <translation>das Programm wird gewählt</translation>
+    </message>
+    <message>
+        <source>unlocking the wrench</source>
+        <translation>der Schlüssel wird entsperrt</translation>
     </message>
 </context>
 <context>
@@ -566,6 +594,21 @@ Optionen aller Befehle:
     <message>
         <source>the device plugin refused &quot;%1&quot;</source>
         <translation>das Geräte-Plugin hat „%1“ abgelehnt</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceSettings</name>
+    <message>
+        <source>name each as PORT or PORT,NUMBER, each port once</source>
+        <translation>nennen Sie jedes als PORT oder PORT,NUMMER, jeden Anschluss einmal</translation>
+    </message>
+    <message>
+        <source>the device &quot;%1&quot; has no port</source>
+        <translation>das Gerät „%1“ hat keinen Anschluss</translation>
+    </message>
+    <message>
+        <source>two devices have the port %1</source>
+        <translation>zwei Geräte haben den Anschluss %1</translation>
     </message>
 </context>
 <context>

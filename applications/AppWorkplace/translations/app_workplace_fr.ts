@@ -352,6 +352,14 @@ Options de toutes les commandes :
         <source>name a configuration file; no configuration is so long</source>
         <translation>indiquez un fichier de configuration ; aucune configuration n’est si longue</translation>
     </message>
+    <message>
+        <source>write a list: [&quot;…&quot;, &quot;…&quot;]</source>
+        <translation>écrivez une liste : [&quot;…&quot;, &quot;…&quot;]</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a list of texts</source>
+        <translation>« %1 » n’est pas une liste de textes</translation>
+    </message>
 </context>
 <context>
     <name>ConfigurationText</name>
@@ -462,10 +470,6 @@ Options de toutes les commandes :
         <translation>recherche des clés à portée</translation>
     </message>
     <message>
-        <source>connecting</source>
-        <translation>connexion en cours</translation>
-    </message>
-    <message>
         <source>ready: results are taken</source>
         <translation>prête : les résultats sont enregistrés</translation>
     </message>
@@ -480,10 +484,6 @@ Options de toutes les commandes :
     <message>
         <source>link lost: %1</source>
         <translation>liaison perdue : %1</translation>
-    </message>
-    <message>
-        <source>ending</source>
-        <translation>fin en cours</translation>
     </message>
     <message>
         <source>Program %1</source>
@@ -512,6 +512,34 @@ Options de toutes les commandes :
     <message>
         <source>the maintenance panel is at work</source>
         <translation>le panneau de maintenance travaille</translation>
+    </message>
+    <message>
+        <source>ending: the dongle hangs up</source>
+        <translation>fin en cours : le dongle raccroche</translation>
+    </message>
+    <message>
+        <source>opening the line</source>
+        <translation>ouverture de la ligne</translation>
+    </message>
+    <message>
+        <source>looking for the wrench %1, and connecting</source>
+        <translation>recherche de la clé %1, puis connexion</translation>
+    </message>
+    <message>
+        <source>configuring the wrench</source>
+        <translation>configuration de la clé</translation>
+    </message>
+    <message>
+        <source>reading the programs</source>
+        <translation>lecture des programmes</translation>
+    </message>
+    <message>
+        <source>selecting the program</source>
+        <translation>sélection du programme</translation>
+    </message>
+    <message>
+        <source>unlocking the wrench</source>
+        <translation>déblocage de la clé</translation>
     </message>
 </context>
 <context>
@@ -566,6 +594,21 @@ Options de toutes les commandes :
     <message>
         <source>the device plugin refused &quot;%1&quot;</source>
         <translation>le module d’appareil a refusé « %1 »</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceSettings</name>
+    <message>
+        <source>name each as PORT or PORT,NUMBER, each port once</source>
+        <translation>nommez chacun PORT ou PORT,NUMÉRO, chaque port une fois</translation>
+    </message>
+    <message>
+        <source>the device &quot;%1&quot; has no port</source>
+        <translation>l’appareil « %1 » n’a pas de port</translation>
+    </message>
+    <message>
+        <source>two devices have the port %1</source>
+        <translation>deux appareils ont le port %1</translation>
     </message>
 </context>
 <context>

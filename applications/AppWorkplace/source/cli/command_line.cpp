@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QJsonArray>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -106,7 +107,8 @@ configuration::Value valueOf(const QCommandLineOption& option)
         {QStringLiteral("N"), configuration::Value::WholeNumber},
         {QStringLiteral("SECONDS"), configuration::Value::Number},
     };
-    return values.value(option.valueName(), configuration::Value::Text);
+    return isRepeated(option) ? configuration::Value::TextList
+                              : values.value(option.valueName(), configuration::Value::Text);
 }
 
 configuration::Sections sectionsOf(const QList<CliEntry>& entries)
@@ -162,6 +164,11 @@ QStringList optionsFromFile(const CliEntry& entry, const QCommandLineParser& giv
             settings.origins.insert(path, {SettingOrigin::Kind::CommandLine, QStringLiteral("--") + name, 0});
         } else if (!value.isUndefined() && option.valueName().isEmpty()) {
             arguments += value.toBool() ? QStringList{QStringLiteral("--") + name} : QStringList();
+        } else if (value.isArray()) {
+            const QJsonArray list = value.toArray();
+            for (const QJsonValue& each : list) {
+                arguments.append(QStringLiteral("--%1=%2").arg(name, each.toString()));
+            }
         } else if (!value.isUndefined()) {
             arguments.append(QStringLiteral("--%1=%2").arg(name, value.toVariant().toString()));
         }
@@ -222,6 +229,11 @@ Settings languageOnCommandLine(const QStringList& arguments)
         settings.language = name;
     }
     return settings;
+}
+
+bool isRepeated(const QCommandLineOption& option)
+{
+    return option.valueName().contains(QLatin1String("[,"));
 }
 
 QString settingKey(const QCommandLineOption& option)
@@ -293,10 +305,7 @@ Invocation readCommandLine(const QStringList& arguments, const QList<CliEntry>& 
         return invocation;
     }
     QStringList all = arguments;
-    const QStringList fromFile = optionsFromFile(*entry, *invocation.options, invocation.settings);
-    for (const QString& option : fromFile) {
-        all.insert(1, option);
-    }
+    all = all.mid(0, 1) + optionsFromFile(*entry, *invocation.options, invocation.settings) + all.mid(1);
     invocation.options = makeParser({*entry});
     invocation.options->parse(all); // the file has been checked against the options
     invocation.isJson = invocation.settings.isJson;

@@ -48,6 +48,9 @@ QString settingKey(const QCommandLineOption& option);
 QString commandOnCommandLine(const QStringList& arguments, const QList<CliEntry>& entries, const QString& option,
                              bool* isSet);
 
+/// The option may be given more than once: its value is a pair, and its setting a list.
+bool isRepeated(const QCommandLineOption& option);
+
 /// What the arguments say about the language, without a look at anything else.
 Settings languageOnCommandLine(const QStringList& arguments);
 

@@ -39,6 +39,14 @@ private:
     QStringList m_members;
 };
 
+QString example(const QCommandLineOption& option)
+{
+    if (option.valueName() == QLatin1String("N") || option.valueName() == QLatin1String("SECONDS")) {
+        return QStringLiteral("1");
+    }
+    return isRepeated(option) ? json(QJsonArray{option.valueName()}) : json(option.valueName());
+}
+
 Members sectionOf(const CliEntry& entry)
 {
     Members section;
@@ -48,12 +56,9 @@ Members sectionOf(const CliEntry& entry)
             section.comment(key, option.description());
             section.value(key, false);
         } else {
-            const bool isNumber =
-                option.valueName() == QLatin1String("N") || option.valueName() == QLatin1String("SECONDS");
-            section.comment(key, QCoreApplication::translate("ConfigurationText", "%1 For example: %2")
-                                     .arg(option.description(),
-                                          QStringLiteral("%1: %2").arg(
-                                              json(key), isNumber ? QStringLiteral("1") : json(option.valueName()))));
+            section.comment(key,
+                            QCoreApplication::translate("ConfigurationText", "%1 For example: %2")
+                                .arg(option.description(), QStringLiteral("%1: %2").arg(json(key), example(option))));
         }
     }
     return section;

@@ -2,10 +2,13 @@
 
 #include <algorithm>
 
+#include "../history/shared_history.h"
+
 DeviceList::DeviceList(const QList<Settings>& devices, QObject* parent) : QAbstractListModel(parent)
 {
+    const auto history = std::make_shared<SharedHistory>(Workplace::dataFolder(devices.value(0)));
     for (const Settings& settings : devices) {
-        auto* device = new DeviceModel(settings, this);
+        auto* device = new DeviceModel(settings, history, this);
         connect(device, &DeviceModel::sigEnded, this, &DeviceList::tellWhenAllHaveEnded);
         m_devices.append(device);
     }

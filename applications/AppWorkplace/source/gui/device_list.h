@@ -16,7 +16,7 @@ public:
         DeviceRole = Qt::UserRole + 1 ///< "device": a DeviceModel
     };
 
-    /// One device for each settings, see deviceSettings().
+    /// One device for each, see readDevices(). They record into the history of the first one's data folder.
     explicit DeviceList(const QList<Settings>& devices, QObject* parent = nullptr);
     ~DeviceList() override;
 

@@ -36,9 +36,10 @@ void dismiss(std::unique_ptr<Service>& service)
 
 } // namespace
 
-DeviceModel::DeviceModel(const Settings& settings, QObject* parent)
+DeviceModel::DeviceModel(const Settings& settings, std::shared_ptr<SharedHistory> history, QObject* parent)
     : QObject(parent)
     , m_settings(settings)
+    , m_history(std::move(history))
     , m_serialId(settings.wrench())
     , m_trace(Workplace::dataFolder(settings) + QStringLiteral("/traces"))
 {
@@ -147,6 +148,7 @@ void DeviceModel::end()
 {
     m_isEnding = true;
     stop();
+    tellEnd();
 }
 
 void DeviceModel::setLanguage(const QString& language)
@@ -183,6 +185,7 @@ void DeviceModel::openThen(std::function<void()> then)
 
 void DeviceModel::workplaceFailed(const Problem& problem)
 {
+    m_isBroken = true;
     if (m_session != nullptr) {
         m_session->session().fail(problem);
         return;
@@ -192,13 +195,13 @@ void DeviceModel::workplaceFailed(const Problem& problem)
         stop();
         return;
     }
-    closeWorkplace();
-    setState(Idle);
+    comeToRest();
 }
 
 void DeviceModel::closeWorkplace()
 {
     m_isOpen = false;
+    m_isBroken = false;
     m_whenOpen = {};
     if (m_workplace != nullptr) {
         m_workplace->disconnect(this);
@@ -237,7 +240,7 @@ void DeviceModel::startScan()
     const DAbstractPlugin* root = m_workplace->rootWith(WrenchScan::commandName(), Workplace::Role::Device);
     if (root == nullptr) {
         tell(noPlugin(WrenchScan::commandName()));
-        setState(Idle);
+        comeToRest();
         return;
     }
     m_scan = std::make_unique<WrenchScan>(wrench(*root));
@@ -253,7 +256,7 @@ void DeviceModel::scanEnded()
     if (problem && !hasProblem()) {
         tell(*problem);
     }
-    setState(Idle);
+    comeToRest();
 }
 
 // ---- Working
@@ -265,13 +268,13 @@ void DeviceModel::startSession()
     if (root == nullptr) {
         problem = noPlugin(c_listenCommand);
     } else {
-        m_recording = std::make_unique<Recording>(m_settings);
+        m_recording = std::make_unique<Recording>(m_settings, m_history);
         problem = m_recording->open(m_serialId, QLatin1String(root->pluginName()));
     }
     if (problem) {
         m_recording.reset();
         tell(*problem);
-        setState(Idle);
+        comeToRest();
         return;
     }
     SessionOrder order;
@@ -364,7 +367,7 @@ void DeviceModel::sessionEnded()
     m_orderText.clear();
     setLockState(false, false);
     setProgram(0);
-    setState(Idle);
+    comeToRest();
 }
 
 // ---- The properties
@@ -385,20 +388,50 @@ QString DeviceModel::stateText() const
     case Scanning:
         return tr("looking for wrenches in range");
     case Starting:
-        return tr("connecting");
+        return startingText();
     case Working:
         return tr("ready: results are taken");
     case Restoring:
-        if (m_link.kind == LinkReport::Kind::Waiting) {
-            return tr("link lost; attempt %1 in %2 s: %3")
-                .arg(m_link.attempt)
-                .arg(QLocale().toString(m_link.pauseMs / c_millisecondsPerSecond, 'f', 1), m_link.message);
-        }
-        return m_link.kind == LinkReport::Kind::Restoring
-                   ? tr("link lost; attempt %1 to restore it").arg(m_link.attempt)
-                   : tr("link lost: %1").arg(m_link.message);
+        return linkText();
     case Ending:
-        return tr("ending");
+        return tr("ending: the dongle hangs up");
+    }
+    Q_UNREACHABLE();
+}
+
+QString DeviceModel::startingText() const
+{
+    switch (m_step) {
+    case Session::Step::Open:
+        return tr("opening the line");
+    case Session::Step::Connect:
+        return tr("looking for the wrench %1, and connecting").arg(m_serialId);
+    case Session::Step::Configure:
+        return tr("configuring the wrench");
+    case Session::Step::Programs:
+        return tr("reading the programs");
+    case Session::Step::Select:
+        return tr("selecting the program");
+    case Session::Step::Unlock:
+    case Session::Step::Listen:
+        return tr("unlocking the wrench");
+    }
+    Q_UNREACHABLE();
+}
+
+QString DeviceModel::linkText() const
+{
+    switch (m_link.kind) {
+    case LinkReport::Kind::Waiting:
+        return tr("link lost; attempt %1 in %2 s: %3")
+            .arg(m_link.attempt)
+            .arg(QLocale().toString(m_link.pauseMs / c_millisecondsPerSecond, 'f', 1), m_link.message);
+    case LinkReport::Kind::Restoring:
+        return tr("link lost; attempt %1 to restore it").arg(m_link.attempt);
+    case LinkReport::Kind::Opened:
+    case LinkReport::Kind::Lost:
+    case LinkReport::Kind::Restored:
+        return tr("link lost: %1").arg(m_link.message);
     }
     Q_UNREACHABLE();
 }
@@ -432,9 +465,23 @@ void DeviceModel::setState(State state)
         m_state = state;
         Q_EMIT stateChanged();
         tellNewTexts();
-        if (hasEnded()) {
-            QMetaObject::invokeMethod(this, &DeviceModel::sigEnded, Qt::QueuedConnection);
-        }
+        tellEnd();
+    }
+}
+
+void DeviceModel::comeToRest()
+{
+    if (m_isBroken) {
+        closeWorkplace();
+    }
+    setState(Idle);
+}
+
+void DeviceModel::tellEnd()
+{
+    if (hasEnded() && !m_isEndTold) {
+        m_isEndTold = true;
+        QMetaObject::invokeMethod(this, &DeviceModel::sigEnded, Qt::QueuedConnection);
     }
 }
 
@@ -443,6 +490,13 @@ void DeviceModel::setSerialId(const QString& serialId)
     if (m_serialId != serialId) {
         m_serialId = serialId;
         Q_EMIT serialIdChanged();
+        m_programs.clear();
+        Q_EMIT programsChanged();
+        m_result.clear();
+        m_recent.clear();
+        Q_EMIT resultChanged();
+        m_notes.clear();
+        Q_EMIT notesChanged();
     }
 }
 

@@ -13,6 +13,8 @@
 #include "recent_results.h"
 #include "trace_table.h"
 
+class SharedHistory;
+
 /// One device of the window: a line with its wrench, what runs on it, and what has come of it. It has a workplace of
 /// its own, which it opens with the first scan or session. What is shown of a result is stored. Nothing waits: what is
 /// asked for answers by changes of the properties. On the thread of the host.
@@ -58,7 +60,7 @@ public:
     };
     Q_ENUM(State)
 
-    explicit DeviceModel(const Settings& settings, QObject* parent = nullptr);
+    DeviceModel(const Settings& settings, std::shared_ptr<SharedHistory> history, QObject* parent = nullptr);
     ~DeviceModel() override;
 
     QString name() const; ///< for people
@@ -147,7 +149,11 @@ private:
     void takeResult(const QVariantMap& eventData, const HistoryRecord& record);
     void sessionEnded();
 
+    QString startingText() const;
+    QString linkText() const;
     void setState(State state);
+    void comeToRest();
+    void tellEnd();
     void setSerialId(const QString& serialId);
     void setProgram(int program);
     void setLockState(bool isKnown, bool isLocked);
@@ -156,6 +162,7 @@ private:
     void tellNewTexts();
 
     Settings m_settings;
+    const std::shared_ptr<SharedHistory> m_history;
     QString m_serialId;
     State m_state = Idle;
     Session::Step m_step = Session::Step::Open;
@@ -163,6 +170,7 @@ private:
     Problem m_problem;
     std::unique_ptr<Workplace> m_workplace;
     bool m_isOpen = false;
+    bool m_isBroken = false; // its workplace is no longer usable
     std::function<void()> m_whenOpen;
     std::unique_ptr<WrenchScan> m_scan;
     std::unique_ptr<Recording> m_recording;
@@ -181,4 +189,5 @@ private:
     int m_notGood = 0;
     QString m_notes;
     bool m_isEnding = false;
+    bool m_isEndTold = false;
 };

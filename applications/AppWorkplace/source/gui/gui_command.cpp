@@ -3,6 +3,7 @@
 #include <QRegularExpression>
 
 #include "../cli/number_options.h"
+#include "../services/device_settings.h"
 #include "window_model.h"
 #include "window_view.h"
 
@@ -48,25 +49,14 @@ void takeSize(const QCommandLineParser& options, QSize& size, Problem* problem)
     }
 }
 
-/// PORT or PORT,SERIAL.
-QList<Settings> devicesOf(const QCommandLineParser& options, const Settings& settings)
-{
-    QList<Settings> devices;
-    const QStringList names = options.values(c_device);
-    for (const QString& name : names) {
-        Settings device = settings;
-        device.port = name.section(QLatin1Char(','), 0, 0);
-        device.serialId = name.section(QLatin1Char(','), 1);
-        devices.append(device);
-    }
-    return devices.isEmpty() ? QList<Settings>{settings} : devices;
-}
-
 std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
 {
     const QCommandLineParser& options = context.options;
     WindowOrder order;
-    order.devices = devicesOf(options, context.settings);
+    if (const std::optional<Problem> refusal =
+            readDevices(options.values(c_device), context.settings, &order.devices)) {
+        *problem = *refusal;
+    }
     takeName(options, c_page, WindowModel::pages(), order.page, problem);
     takeName(options, c_theme, WindowModel::themes(), order.theme, problem);
     takeSize(options, order.size, problem);

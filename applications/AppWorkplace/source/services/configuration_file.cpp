@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonParseError>
 #include <QStandardPaths>
@@ -34,6 +35,8 @@ QString expected(configuration::Value value)
         return QCoreApplication::translate("ConfigurationFile", "write a whole number, without quotes");
     case configuration::Value::Number:
         return QCoreApplication::translate("ConfigurationFile", "write a number, without quotes");
+    case configuration::Value::TextList:
+        return QCoreApplication::translate("ConfigurationFile", "write a list: [\"…\", \"…\"]");
     }
     Q_UNREACHABLE();
 }
@@ -49,6 +52,8 @@ QString mismatch(configuration::Value value, const QString& key)
         return QCoreApplication::translate("ConfigurationFile", "\"%1\" is not a whole number").arg(key);
     case configuration::Value::Number:
         return QCoreApplication::translate("ConfigurationFile", "\"%1\" is not a number").arg(key);
+    case configuration::Value::TextList:
+        return QCoreApplication::translate("ConfigurationFile", "\"%1\" is not a list of texts").arg(key);
     }
     Q_UNREACHABLE();
 }
@@ -64,6 +69,11 @@ bool fits(configuration::Value wanted, const QJsonValue& value)
         return value.isDouble() && std::floor(value.toDouble()) == value.toDouble();
     case configuration::Value::Number:
         return value.isDouble();
+    case configuration::Value::TextList: {
+        const QJsonArray list = value.toArray();
+        return value.isArray() &&
+               std::all_of(list.begin(), list.end(), [](const QJsonValue& each) { return each.isString(); });
+    }
     }
     Q_UNREACHABLE();
 }

@@ -13,8 +13,8 @@
 /// a key that begins with "//" and has a text as its value is one, here and inside the objects.
 namespace configuration {
 
-/// What a command's setting takes.
-enum class Value { Text, Switch, WholeNumber, Number };
+/// What a command's setting takes. A list of texts stands for an option that is given more than once.
+enum class Value { Text, Switch, WholeNumber, Number, TextList };
 /// The settings of commands: by the name of the command and the key.
 using Sections = QMap<QString, QMap<QString, Value>>;
 

@@ -34,6 +34,7 @@ struct Settings
     /// By the path of the key: "port", "driver.baudRate". Absent: the default.
     QMap<QString, SettingOrigin> origins;
 
+    int deviceNumber = 1;                               ///< among the devices of this process, from 1
     QString simulatedSerialId = QStringLiteral("2210"); ///< of the simulator's own wrench, the first of a scenario
 
     bool isSimulated() const

@@ -58,8 +58,11 @@ void SimulatorProcess::start(const Settings& settings)
     QStringList arguments{QStringLiteral("--exit-with-parent")};
     if (settings.hasScenario()) {
         // A line that is unplugged and comes back is another terminal; under this name it is the same port.
-        m_link =
-            QDir::temp().filePath(QStringLiteral("app_workplace.%1.wrench").arg(QCoreApplication::applicationPid()));
+        QString owner = QString::number(QCoreApplication::applicationPid());
+        if (settings.deviceNumber > 1) {
+            owner += QStringLiteral(".%1").arg(settings.deviceNumber);
+        }
+        m_link = QDir::temp().filePath(QStringLiteral("app_workplace.%1.wrench").arg(owner));
         arguments << QStringLiteral("--scenario") << settings.scenarioFile() << QStringLiteral("--link") << m_link;
     } else {
         arguments << QStringLiteral("--rate") << c_resultsPerSecond;
