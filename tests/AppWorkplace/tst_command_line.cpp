@@ -68,6 +68,7 @@ private Q_SLOTS:
     void acceptsGoodUse();
     void showsTheHelp_data();
     void showsTheHelp();
+    void showsTheVersion();
     void putsTheCommandLineBeforeTheConfiguration();
     void refusesAWrongConfiguration();
     void readsThisUsersOwnConfiguration();
@@ -232,6 +233,16 @@ void TestCommandLine::showsTheHelp()
     QCOMPARE(invocation.problem.what, QString());
     for (const QString& text : qAsConst(expected)) {
         QVERIFY2(invocation.help.contains(text), qPrintable(text));
+    }
+}
+
+void TestCommandLine::showsTheVersion()
+{
+    QCoreApplication::setApplicationVersion(QStringLiteral("7.8.9"));
+    for (const char* words : {"--version", "session --version", "--version --port /dev/a"}) {
+        const Invocation invocation = read(QLatin1String(words));
+        QCOMPARE(invocation.problem.what, QString());
+        QCOMPARE(invocation.help, QStringLiteral("app_workplace 7.8.9"));
     }
 }
 

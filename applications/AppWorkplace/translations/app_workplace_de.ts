@@ -93,6 +93,10 @@ Optionen aller Befehle:
         <translation>Zeigt diese Hilfe.</translation>
     </message>
     <message>
+        <source>Shows the version.</source>
+        <translation>Zeigt die Version an.</translation>
+    </message>
+    <message>
         <source>no command is given</source>
         <translation>es ist kein Befehl angegeben</translation>
     </message>

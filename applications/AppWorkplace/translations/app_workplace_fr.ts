@@ -93,6 +93,10 @@ Options de toutes les commandes :
         <translation>Affiche cette aide.</translation>
     </message>
     <message>
+        <source>Shows the version.</source>
+        <translation>Affiche la version.</translation>
+    </message>
+    <message>
         <source>no command is given</source>
         <translation>aucune commande n’est indiquée</translation>
     </message>

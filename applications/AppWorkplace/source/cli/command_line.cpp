@@ -15,6 +15,7 @@ namespace {
 
 const QString c_program = QStringLiteral("app_workplace");
 const QString c_helpOption = QStringLiteral("help");
+const QString c_versionOption = QStringLiteral("version");
 const QString c_configOption = QStringLiteral("config");
 
 std::shared_ptr<QCommandLineParser> makeParser(const QList<CliEntry>& entries)
@@ -206,6 +207,7 @@ QList<QCommandLineOption> globalOptions()
     }
     options.append(
         {{QStringLiteral("h"), c_helpOption}, QCoreApplication::translate("CommandLine", "Shows this help.")});
+    options.append({c_versionOption, QCoreApplication::translate("CommandLine", "Shows the version.")});
     return options;
 }
 
@@ -266,6 +268,10 @@ Invocation readCommandLine(const QStringList& arguments, const QList<CliEntry>& 
     const std::shared_ptr<QCommandLineParser> any = makeParser(entries);
     any->parse(arguments);
     invocation.isJson = any->isSet(QStringLiteral("json"));
+    if (any->isSet(c_versionOption)) {
+        invocation.help = c_program + QLatin1Char(' ') + QCoreApplication::applicationVersion();
+        return invocation;
+    }
     const QStringList words = any->positionalArguments();
     if (words.isEmpty()) {
         if (any->isSet(c_helpOption)) {

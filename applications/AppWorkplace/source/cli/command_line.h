@@ -26,7 +26,7 @@ struct CliEntry
 struct Invocation
 {
     const CliEntry* entry = nullptr; ///< null: nothing to run
-    QString help;                    ///< to be shown instead; empty: none
+    QString help;                    ///< help or version, to be shown instead; empty: none
     Problem problem;                 ///< with a `what`: nothing can be run
     Settings settings;
     bool isJson = false;
