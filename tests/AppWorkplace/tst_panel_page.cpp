@@ -27,6 +27,7 @@ Rectangle {
     property var device: QtObject {
         property string name: "Wrench 2210"
         property string objectId
+        property var panels: []
         property string pluginUuid
         property string reference: "/dev/ttyUSB0"
     }
@@ -159,6 +160,30 @@ private Q_SLOTS:
         QVERIFY(panel() == nullptr);
         QVERIFY(m_scene->item(QStringLiteral("panel.idEmpty"))->isVisible());
         QCOMPARE(view()->property("hasProblem").toBool(), false);
+    }
+
+    void panelOfAnotherPluginIsChosenWithTheKeys()
+    {
+        const auto entry = [](const char* plugin, const QString& pluginUuid, const QString& objectId) {
+            return QVariantMap{{QStringLiteral("plugin"), QString::fromLatin1(plugin)},
+                               {QStringLiteral("pluginUuid"), pluginUuid},
+                               {QStringLiteral("objectId"), objectId}};
+        };
+        const QString wrench = m_bench->device->objectUuid().toString();
+        show();
+        give(*m_bench);
+        const QQuickItem* choice = m_scene->item(QStringLiteral("panel.idPanels"));
+        QVERIFY(!choice->isVisible()); // there is but one
+        device()->setProperty("panels", QVariantList{entry("Plugin Wrench", c_plugin, wrench),
+                                                     entry("Plugin Lamp", c_plainPlugin, QStringLiteral("{lamp}"))});
+        Workbench::settle();
+        QVERIFY(choice->isVisible());
+        QCOMPARE(panel()->property("name").toString(), QStringLiteral("Wrench 2210"));
+        QVERIFY(m_scene->tabTo(QStringLiteral("panel.idPanels")));
+        type(Qt::Key_Down);
+        QVERIFY(panel() == nullptr);
+        QCOMPARE(plain()->property("told").toString(), QStringLiteral("Plugin Lamp|{lamp}|/dev/ttyUSB0"));
+        QVERIFY(plain()->mapToScene({}).y() >= choice->height());
     }
 
     void whatIsSaidOfTheDeviceTakesThePlacesInTheDocument()

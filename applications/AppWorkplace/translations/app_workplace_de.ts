@@ -1401,6 +1401,10 @@ Optionen aller Befehle:
 <context>
     <name>PanelPage</name>
     <message>
+        <source>Panel of</source>
+        <translation>Tafel von</translation>
+    </message>
+    <message>
         <source>It comes with the first scan or connection, which loads the plugin and opens the line.</source>
         <translation>Es kommt mit der ersten Suche oder Verbindung; dann wird das Plugin geladen und die Leitung geöffnet.</translation>
     </message>

@@ -1401,6 +1401,10 @@ Options de toutes les commandes :
 <context>
     <name>PanelPage</name>
     <message>
+        <source>Panel of</source>
+        <translation>Panneau de</translation>
+    </message>
+    <message>
         <source>It comes with the first scan or connection, which loads the plugin and opens the line.</source>
         <translation>Il vient avec la première recherche ou connexion, qui charge le module et ouvre la ligne.</translation>
     </message>

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "../cli/results_report.h"
+#include "panel_document.h"
 #include "wrench_entries.h"
 
 namespace {
@@ -231,6 +232,26 @@ QString DeviceModel::objectId() const
 {
     const DAbstractPlugin* root = m_isOpen ? m_workplace->rootWith(c_listenCommand, Workplace::Role::Device) : nullptr;
     return root == nullptr ? QString() : m_workplace->instanceOf(*root)->objectUuid().toString();
+}
+
+QVariantList DeviceModel::panels() const
+{
+    QVariantList panels;
+    const QList<const DAbstractPlugin*> roots =
+        m_isOpen ? m_workplace->rootsOf(Workplace::Role::Device) : QList<const DAbstractPlugin*>();
+    const QString wrenchUuid = pluginUuid();
+    for (const DAbstractPlugin* root : roots) {
+        const QString uuid = root->pluginUuid().toString();
+        const QVariantMap panel{{QStringLiteral("plugin"), QString::fromUtf8(root->pluginName())},
+                                {QStringLiteral("pluginUuid"), uuid},
+                                {QStringLiteral("objectId"), m_workplace->instanceOf(*root)->objectUuid().toString()}};
+        if (uuid == wrenchUuid) {
+            panels.prepend(panel); // also without a panel: then the page says so
+        } else if (PanelDocument::ofPlugin(uuid, {})) {
+            panels.append(panel);
+        }
+    }
+    return panels;
 }
 
 // ---- Scanning

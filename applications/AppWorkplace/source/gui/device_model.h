@@ -47,6 +47,7 @@ class DeviceModel : public QObject
     Q_PROPERTY(TraceTable* trace READ trace CONSTANT)
     Q_PROPERTY(QString pluginUuid READ pluginUuid NOTIFY workplaceChanged)
     Q_PROPERTY(QString objectId READ objectId NOTIFY workplaceChanged)
+    Q_PROPERTY(QVariantList panels READ panels NOTIFY workplaceChanged)
     Q_PROPERTY(QString reference READ reference NOTIFY workplaceChanged)
 
 public:
@@ -93,6 +94,9 @@ public:
     TraceTable* trace() { return &m_trace; }  ///< of the line; it hears it while it is on
     QString pluginUuid() const;               ///< of the device plugin; empty while the workplace is not open
     QString objectId() const;                 ///< of the plugin's working instance; likewise
+    /// The maintenance panels on this line, maps of "plugin" (its name), "pluginUuid" and "objectId": that of the
+    /// wrench, and those of other device plugins that were loaded. Empty while the workplace is not open.
+    QVariantList panels() const;
     QString reference() const { return m_settings.port; }
 
     /// Null while it is not open.

@@ -58,6 +58,7 @@ std::unique_ptr<QCoreApplication> window_display::makeApplication(int& argc, cha
     qputenv("QT_QUICK_CONTROLS_STYLE", "Default"); // whatever the desktop prefers
     const QtMessageHandler before = qInstallMessageHandler(&endWithoutDisplay);
     auto application = std::make_unique<QGuiApplication>(argc, argv);
+    QGuiApplication::setDesktopFileName(QStringLiteral("haitor-workplace")); // its icon and name
     if (qEnvironmentVariableIsEmpty(c_renderer) && !hasGraphics()) {
         QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
     }
