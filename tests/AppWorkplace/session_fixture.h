@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include <functional>
 #include <memory>
 
 #include <lib_plugins_management/host/d_host.h>
@@ -22,6 +23,7 @@ public:
         , session(std::make_unique<Session>(LinkedDevice{host, clock, *device, *driver, port}, order))
     {
         driver->setReaction(QStringLiteral("listenEventsData"), {Reaction::Kind::Silence, {}, [this] { openLine(); }});
+        whenUnlocked([] {});
         QObject::connect(session.get(), &Session::sigStepDone, session.get(),
                          [this](Session::Step step, qint64 elapsedMs) {
                              events.append(QStringLiteral("done %1 %2").arg(textOf(step).name).arg(elapsedMs));
@@ -108,6 +110,15 @@ public:
     void answer(const char* command, const QMap<QString, QVariant>& results)
     {
         device->setReaction(QLatin1String(command), {Reaction::Kind::Answer, results, {}});
+    }
+    /// The wrench is unlocked, and does that before it says so.
+    void whenUnlocked(const std::function<void()>& action)
+    {
+        device->setReaction(QStringLiteral("setLock"),
+                            {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, [this, action] {
+                                 action();
+                                 say("OK:0\r\n");
+                             }});
     }
     void react(const QString& command, Reaction::Kind kind) { device->setReaction(command, {kind, {}, {}}); }
 

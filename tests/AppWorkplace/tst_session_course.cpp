@@ -197,8 +197,7 @@ void TestSessionCourse::showsAResultThatComesWhileTheWrenchIsBeingUnlocked()
         fixture.device->publish(QStringLiteral("listenEventsData"),
                                 {{QStringLiteral("eventData"), QVariantMap{{QStringLiteral("readingNumber"), 1}}}});
     };
-    fixture.device->setReaction(QStringLiteral("setLock"),
-                                {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, tighten});
+    fixture.whenUnlocked(tighten);
     fixture.start();
     QCOMPARE(fixture.events.filter(QStringLiteral("result")), QStringList{QStringLiteral("result 1")});
     QCOMPARE(fixture.summary.end, SessionSummary::End::Count);

@@ -61,6 +61,9 @@ private Q_SLOTS:
     void forgetsTheWordsOfAnEarlierStep();
     void takesNoListThatTheWrenchCutShort();
     void takesTheListOfAWrenchThatWasBusyFirst();
+    void failsWhenTheWrenchDoesNotAnswerTheUnlocking();
+    void failsWhenTheWrenchRefusesTheUnlocking();
+    void unlocksByAnAnswerThatIsLate();
     void tellsTheWordsBesideTheTimeLimit();
     void usesTheGivenTimeLimit();
     void tellsWhichWrenchesWereHeardInstead();
@@ -272,6 +275,43 @@ void TestSessionFailures::takesTheListOfAWrenchThatWasBusyFirst()
                                  }});
     fixture.start();
     QVERIFY(fixture.events.contains(QStringLiteral("done select 0")));
+}
+
+// The device plugin is content when the frame has left.
+void TestSessionFailures::failsWhenTheWrenchDoesNotAnswerTheUnlocking()
+{
+    SessionFixture fixture;
+    fixture.answer("setLock", {{QStringLiteral("cmd_success"), true}});
+    fixture.start();
+    fixture.advance(4999);
+    QCOMPARE(fixture.problems, 0);
+    fixture.advance(1);
+    QCOMPARE(fixture.problem.step, QStringLiteral("unlock"));
+    QCOMPARE(fixture.problem.cause, QStringLiteral("the time limit of 5 s ended it, there was no answer"));
+}
+
+void TestSessionFailures::failsWhenTheWrenchRefusesTheUnlocking()
+{
+    SessionFixture fixture;
+    fixture.device->setReaction(
+        QStringLiteral("setLock"),
+        {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, [&] { fixture.say("ERR:7\r\n"); }});
+    fixture.start();
+    QCOMPARE(fixture.problem.step, QStringLiteral("unlock"));
+    QCOMPARE(fixture.problem.cause, QStringLiteral("the line said \"ERR:7\""));
+}
+
+void TestSessionFailures::unlocksByAnAnswerThatIsLate()
+{
+    SessionFixture fixture;
+    fixture.answer("setLock", {{QStringLiteral("cmd_success"), true}});
+    fixture.start();
+    fixture.advance(4000);
+    fixture.say("OK:0\r\n");
+    fixture.turn();
+    QVERIFY(fixture.events.contains(QStringLiteral("done unlock 4000")));
+    fixture.advance(1000);
+    QCOMPARE(fixture.problems, 0);
 }
 
 void TestSessionFailures::tellsTheWordsBesideTheTimeLimit()

@@ -198,6 +198,7 @@ void TestSessionOrders::locksAndUnlocks()
     QFETCH(QByteArray, answer);
     QFETCH(QStringList, told);
     Ordering fixture;
+    fixture.answer("setLock", success());
     fixture.lock(isLocked);
     QCOMPARE(
         fixture.talk,

@@ -192,8 +192,7 @@ void TestSessionResults::keepsWhatWasKnownOfAnEarlyResult()
         fixture.device->publish(QStringLiteral("listenEventsData"),
                                 {{QStringLiteral("eventData"), recordOf(c_line, 4)}});
     };
-    fixture.device->setReaction(QStringLiteral("setLock"),
-                                {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, tighten});
+    fixture.whenUnlocked(tighten);
     fixture.start();
     QCOMPARE(fixture.shown.value(0).rawLine, c_line);
 }
@@ -206,8 +205,7 @@ void TestSessionResults::tellsAnEarlyResultWhenItFails()
         fixture.device->publish(QStringLiteral("listenEventsData"),
                                 {{QStringLiteral("eventData"), recordOf(c_line, 4)}});
     };
-    fixture.device->setReaction(QStringLiteral("setLock"),
-                                {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, tighten});
+    fixture.whenUnlocked(tighten);
     fixture.answer("setKeepAliveFonction", {{QStringLiteral("cmd_success"), false}});
     fixture.start();
     QCOMPARE(fixture.problems, 1);
@@ -248,7 +246,7 @@ void TestSessionResults::tellsTheChunksWhileItListens()
     // Whoever asks hears chunks that nobody else hears.
     fixture.device->setReaction(
         QStringLiteral("setLock"),
-        {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, [&fixture] { fixture.say("OK:1\r\n", 5); }});
+        {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, [&fixture] { fixture.say("OK:0\r\n", 5); }});
     fixture.start();
     QCOMPARE(chunks, QList<int>());
     fixture.say("half a li", 7);

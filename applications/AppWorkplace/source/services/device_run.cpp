@@ -42,6 +42,13 @@ void DeviceRun::stop()
     }
 }
 
+QString DeviceRun::limitReached(int limitMs) const
+{
+    return tr("the time limit of %1 s ended it, %2")
+        .arg(limitMs / c_millisecondsPerSecond)
+        .arg(m_observer.refusalOr(tr("there was no answer")));
+}
+
 void DeviceRun::ended(const DOrder& order, int limitMs, const Continuation& then)
 {
     switch (order.outcome()) {
@@ -49,9 +56,7 @@ void DeviceRun::ended(const DOrder& order, int limitMs, const Continuation& then
         then(order.results());
         break;
     case DOrder::Outcome::TimedOut:
-        Q_EMIT sigFailed(tr("the time limit of %1 s ended it, %2")
-                             .arg(limitMs / c_millisecondsPerSecond)
-                             .arg(m_observer.refusalOr(tr("there was no answer"))));
+        Q_EMIT sigFailed(limitReached(limitMs));
         break;
     case DOrder::Outcome::Stopped:
         break;

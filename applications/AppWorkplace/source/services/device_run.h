@@ -32,6 +32,9 @@ public:
     void stop();
     bool isRunning() const { return m_order != nullptr; }
 
+    /// In words, that a limit of so many ms has been reached, and what the line has said till then.
+    QString limitReached(int limitMs) const;
+
 Q_SIGNALS:
     /// It has not ended within its limit.
     void sigFailed(const QString& cause);

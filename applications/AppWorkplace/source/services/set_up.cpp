@@ -3,6 +3,8 @@
 #include <lib_plugins_management/d_abstract_plugin.h>
 #include <lib_utilities/clock.h>
 
+#include <utility>
+
 #include "line_observer.h"
 
 namespace {
@@ -13,6 +15,7 @@ const QString c_keepAliveFrame = QStringLiteral("DI:C\r\n");
 const QString c_keepAliveAnswer = QStringLiteral("OK:");
 const QString c_dialledPrefix = QStringLiteral("ATD ");
 const QString c_refusalPrefix = QStringLiteral("ERR");
+const QString c_unlocked = QStringLiteral("OK:0");
 const QString c_atRest = QStringLiteral("OK"); // the answer to the frame with which a list begins
 
 const QString c_success = QStringLiteral("cmd_success");
@@ -52,6 +55,11 @@ SetUp::SetUp(const LinkedDevice& wrench, const SessionOrder& order, LineObserver
     connect(&m_selection, &ProgramSelection::sigUnusable, this, &SetUp::failSetUp);
 }
 
+SetUp::~SetUp()
+{
+    m_wrench.clock.cancel(m_answerLimit);
+}
+
 void SetUp::start(Mode mode)
 {
     m_mode = mode;
@@ -67,6 +75,7 @@ void SetUp::start(Mode mode)
 void SetUp::stop()
 {
     m_isRunning = false;
+    m_wrench.clock.cancel(std::exchange(m_answerLimit, 0));
     m_run.stop();
     m_selection.stop();
 }
@@ -190,6 +199,7 @@ void SetUp::unlock()
         setKeepAlive();
         return;
     }
+    m_isUnlockAnswered = false;
     begin(Step::Unlock);
     run(QStringLiteral("setLock"), {{QStringLiteral("lock"), false}}, &SetUp::unlocked);
 }
@@ -200,8 +210,26 @@ void SetUp::unlocked(const Results& results)
         failStep(m_observer.refusalOr(tr("the frame could not be written")));
         return;
     }
-    done();
-    setKeepAlive();
+    if (m_isUnlockAnswered) {
+        unlockAnswered();
+        return;
+    }
+    m_answerLimit = m_wrench.clock.callAfter(limitMs(), [this] {
+        m_answerLimit = 0;
+        failStep(m_run.limitReached(limitMs()));
+    });
+}
+
+// The plugin is content when its frame has left; a wrench that has not heard it does not tighten.
+void SetUp::unlockAnswered()
+{
+    m_wrench.clock.cancel(std::exchange(m_answerLimit, 0));
+    if (m_observer.lastRefusal().isEmpty()) {
+        done();
+        setKeepAlive();
+    } else {
+        failStep(m_observer.refusalOr(QString()));
+    }
 }
 
 void SetUp::setKeepAlive()
@@ -239,6 +267,11 @@ void SetUp::lineHeard(const QString& line)
         // The plugin gives what it has read until then as the whole list.
         m_isListBegun = m_isListBegun || line == c_atRest;
         m_isListCutShort = m_isListCutShort || (m_isListBegun && line.startsWith(c_refusalPrefix));
+    } else if (m_isRunning && m_step == Step::Unlock) {
+        m_isUnlockAnswered = m_isUnlockAnswered || line == c_unlocked || line.startsWith(c_refusalPrefix);
+        if (m_isUnlockAnswered && m_answerLimit != 0) {
+            unlockAnswered();
+        }
     }
 }
 

@@ -5,6 +5,8 @@
 
 #include <optional>
 
+#include <lib_utilities/clock.h>
+
 #include "device_run.h"
 #include "heard_wrenches.h"
 #include "linked_device.h"
@@ -33,6 +35,7 @@ public:
 
     /// The observer listens to the same line, and outlives the object.
     SetUp(const LinkedDevice& wrench, const SessionOrder& order, LineObserver& observer, QObject* parent = nullptr);
+    ~SetUp() override;
 
     /// Answers with sigDone or sigFailed. It does not run yet.
     void start(Mode mode);
@@ -80,6 +83,7 @@ private:
     void programSelected(int program, const QVariantMap& preset);
     void unlock();
     void unlocked(const Results& results);
+    void unlockAnswered();
     void setKeepAlive();
     void keepAliveSet(const Results& results);
 
@@ -110,8 +114,10 @@ private:
     bool m_isToBeLocked = false;
     QVariantList m_programs;
     int m_presetsRead = 0;
-    bool m_isListBegun = false;    // the wrench has come to rest for it
-    bool m_isListCutShort = false; // it refused to tell all
+    bool m_isUnlockAnswered = false;
+    Clock::TimerId m_answerLimit = 0; // of the answer to the unlocking; 0: it is not waited for
+    bool m_isListBegun = false;       // the wrench has come to rest for it
+    bool m_isListCutShort = false;    // it refused to tell all
     Mode m_mode = Mode::First;
     Step m_step = Step::Connect;
     qint64 m_stepStartUs = 0;
