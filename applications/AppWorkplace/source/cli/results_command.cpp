@@ -1,8 +1,9 @@
 #include "results_command.h"
 
+#include <QFileInfo>
 #include <QMetaObject>
 
-#include "../history/history_export.h"
+#include "../history/export_run.h"
 #include "../history/history_store.h"
 #include "../history/history_watch.h"
 #include "../services/workplace.h"
@@ -51,9 +52,8 @@ std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
     order.exportFile = options.value(QStringLiteral("export"));
     order.isWatching = options.isSet(QStringLiteral("watch"));
     if (options.isSet(QStringLiteral("export"))) {
-        if (!HistoryExport::formatOf(order.exportFile)) {
-            *problem = usage(ResultsCommand::tr("the file \"%1\" does not say how to write it").arg(order.exportFile),
-                             ResultsCommand::tr("end its name with .csv or .jsonl"));
+        if (const std::optional<Problem> refusal = ExportRun::refusalOf(order.exportFile)) {
+            *problem = usage(refusal->what, refusal->mend);
         } else if (order.isWatching) {
             *problem = usage(ResultsCommand::tr("--export and --watch do not go together"),
                              ResultsCommand::tr("watch with --json, or export when the session is over"));
@@ -95,31 +95,47 @@ ResultsCommand::~ResultsCommand() = default;
 
 void ResultsCommand::start()
 {
-    if (m_store->exists()) {
+    const bool isThere = m_store->exists();
+    if (!isThere) {
+        m_console.message(tr("Nothing is stored yet: there is no %1.").arg(m_store->file()));
+    }
+    if (!m_order.exportFile.isEmpty()) {
+        startExport();
+    } else if (isThere) {
         if (openHistory()) {
             begin();
         }
-        return;
-    }
-    m_console.message(tr("Nothing is stored yet: there is no %1.").arg(m_store->file()));
-    if (m_order.isWatching) {
+    } else if (m_order.isWatching) {
         watch();
-    } else if (m_order.exportFile.isEmpty()) {
+    } else {
         m_report->totals({}, {});
         end(0);
-    } else {
-        passes(Problem{Problem::Kind::SetUp, QStringLiteral("export"), tr("there is nothing to export"), {}, {}});
     }
 }
 
 void ResultsCommand::interrupt()
 {
-    if (!m_order.exportFile.isEmpty() && !m_hasEnded) {
+    if (m_export != nullptr) {
+        m_export->stop();
+    } else {
+        end(0);
+    }
+}
+
+void ResultsCommand::startExport()
+{
+    m_export = std::make_unique<ExportRun>(ExportRun::Order{QFileInfo(m_store->file()).absolutePath(), m_order.filter,
+                                                            m_order.last, m_order.exportFile, true});
+    connect(m_export.get(), &ExportRun::sigFailed, this, [this](const Problem& problem) { passes(problem); });
+    connect(m_export.get(), &ExportRun::sigDone, this, [this](const HistoryTotals& totals) {
+        m_report->totals(totals, m_order.exportFile);
+        end(0);
+    });
+    connect(m_export.get(), &ExportRun::sigStopped, this, [this] {
         m_console.message(tr("Interrupted: %1 is not written.").arg(m_order.exportFile));
         end(int(Problem::Kind::Device));
-        return;
-    }
-    end(0);
+    });
+    m_export->start();
 }
 
 bool ResultsCommand::openHistory()
@@ -137,12 +153,6 @@ void ResultsCommand::begin()
         (m_order.last > 0 && !passes(m_query->beforeLast(m_order.last, &m_first)))) {
         return;
     }
-    if (!m_order.exportFile.isEmpty()) {
-        m_export = std::make_unique<HistoryExport>(m_order.exportFile, *HistoryExport::formatOf(m_order.exportFile));
-        if (!passes(m_export->begin())) {
-            return;
-        }
-    }
     m_behind = m_first;
     later(&ResultsCommand::nextPage);
 }
@@ -153,13 +163,7 @@ void ResultsCommand::nextPage()
     if (!passes(m_query->page(m_behind, c_page, &records))) {
         return;
     }
-    if (m_export != nullptr) {
-        if (!passes(m_export->write(records))) {
-            return;
-        }
-    } else {
-        show(records);
-    }
+    show(records);
     if (!m_console.isOpen()) {
         end(0); // who reads has had enough
     } else if (records.size() < c_page) {
@@ -182,7 +186,7 @@ void ResultsCommand::show(const QVector<HistoryRecord>& records)
 void ResultsCommand::listed()
 {
     HistoryTotals totals;
-    if (!passes(m_query->totals(m_first, &totals)) || (m_export != nullptr && !passes(m_export->commit()))) {
+    if (!passes(m_query->totals(m_first, &totals))) {
         return;
     }
     m_query->end();
@@ -190,7 +194,7 @@ void ResultsCommand::listed()
         watch();
         return;
     }
-    m_report->totals(totals, m_order.exportFile);
+    m_report->totals(totals, {});
     end(0);
 }
 

@@ -9,7 +9,7 @@
 #include "cli_command.h"
 #include "command_line.h"
 
-class HistoryExport;
+class ExportRun;
 class HistoryStore;
 class HistoryWatch;
 class ResultsReport;
@@ -43,6 +43,7 @@ private:
     void nextPage();
     void show(const QVector<HistoryRecord>& records);
     void listed();
+    void startExport();
     void watch();
     void look();
     bool openHistory();
@@ -54,7 +55,7 @@ private:
     const ResultsOrder m_order;
     std::unique_ptr<HistoryStore> m_store;
     std::unique_ptr<HistoryQuery> m_query;
-    std::unique_ptr<HistoryExport> m_export;
+    std::unique_ptr<ExportRun> m_export;
     std::unique_ptr<ResultsReport> m_report;
     std::unique_ptr<HistoryWatch> m_watch;
     std::optional<HistoryKey> m_first;  // the listing begins behind it

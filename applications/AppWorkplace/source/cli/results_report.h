@@ -18,6 +18,3 @@ public:
     /// The console outlives the report.
     static std::unique_ptr<ResultsReport> make(Console& console);
 };
-
-/// What a person is told of a gap or a repeat.
-QString historyNoteText(const HistoryRecord& record);

@@ -2,10 +2,10 @@
 
 #include <lib_plugins_management/d_abstract_plugin.h>
 
+#include "../history/history_note.h"
 #include "../services/step_name.h"
 #include "number_options.h"
 #include "parameters.h"
-#include "results_report.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 
 #include <utility>
 
+#include "../history/history_note.h"
 #include "../services/step_name.h"
 #include "../services/verdict.h"
-#include "results_report.h"
 
 namespace {
 

@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 
-#include <limits>
 #include <utility>
 
 #include "history_database.h"
@@ -10,11 +9,9 @@
 
 namespace {
 
-constexpr int c_mostKnown = 256;
+using Verdict = HistoryConditions::Verdict;
 
-const QString c_good = QStringLiteral("good = 1");
-const QString c_notGood = QStringLiteral("good = 0");
-const QString c_note = QStringLiteral("good IS NULL");
+constexpr int c_mostKnown = 256;
 
 const QString c_columns =
     QStringLiteral("id, kind, arrived_us, utc_offset_s, serial_id, origin, good, other_entries, raw_line, preset, "
@@ -39,13 +36,10 @@ enum Column {
     FirstEntry
 };
 
-const QString c_serialPlace = QStringLiteral(":serial");
-const QString c_programPlace = QStringLiteral(":program");
-
 } // namespace
 
 HistoryQuery::HistoryQuery(HistoryDatabase& database, const HistoryFilter& filter)
-    : m_database(database), m_filter(filter)
+    : m_database(database), m_filter(filter), m_conditions(filter)
 {}
 
 std::optional<Problem> HistoryQuery::begin()
@@ -61,47 +55,30 @@ void HistoryQuery::end()
 // The arms of a union are each in the order of an index, and are merged as far as the page needs them.
 QString HistoryQuery::pageStatement(const std::optional<HistoryKey>& behind) const
 {
-    QStringList verdicts;
-    if (!m_filter.isGood || *m_filter.isGood) {
-        verdicts.append(c_good);
+    QStringList selections;
+    const QStringList arms = m_conditions.arms();
+    for (const QString& arm : arms) {
+        selections.append(
+            QStringLiteral("SELECT %1 FROM entries WHERE %2%3").arg(c_columns, arm, HistoryConditions::behind(behind)));
     }
-    if (!m_filter.isGood || !*m_filter.isGood) {
-        verdicts.append(c_notGood);
-    }
-    if (m_filter.hasNotes()) {
-        verdicts.append(c_note);
-    }
-    QStringList arms;
-    for (const QString& verdict : qAsConst(verdicts)) {
-        arms.append(QStringLiteral("SELECT %1 FROM entries WHERE %2%3")
-                        .arg(c_columns, condition(verdict), keyCondition(behind)));
-    }
-    return arms.join(QStringLiteral(" UNION ALL ")) + QStringLiteral(" ORDER BY arrived_us, id LIMIT :most");
+    return selections.join(QStringLiteral(" UNION ALL ")) + QStringLiteral(" ORDER BY arrived_us, id LIMIT :most");
 }
 
 std::optional<Problem> HistoryQuery::page(const std::optional<HistoryKey>& behind, int most,
                                           QVector<HistoryRecord>* records)
 {
     QSqlQuery query = m_database.prepared(pageStatement(behind));
-    bindFilter(query, behind);
+    m_conditions.bind(query, behind);
     query.bindValue(QStringLiteral(":most"), most);
     return read(query, records);
 }
 
 std::optional<Problem> HistoryQuery::storedAfter(qint64 id, int most, QVector<HistoryRecord>* records)
 {
-    // The unary plus keeps SQLite from an index that is not in the order of storing.
-    QString statement = QStringLiteral("SELECT %1 FROM entries WHERE id > :id").arg(c_columns);
-    statement += m_filter.serialId.isEmpty() ? QString() : QStringLiteral(" AND +serial_id = :serial");
-    statement += m_filter.program ? QStringLiteral(" AND +progId = :program") : QString();
-    if (m_filter.isGood) {
-        statement += QStringLiteral(" AND +") + (*m_filter.isGood ? c_good : c_notGood);
-    } else if (!m_filter.hasNotes()) {
-        statement += QStringLiteral(" AND +good IS NOT NULL");
-    }
-    QSqlQuery query = m_database.prepared(
-        statement + QStringLiteral(" AND +arrived_us >= :least AND +arrived_us < :end ORDER BY id LIMIT :most"));
-    bindFilter(query, std::nullopt);
+    const QString statement =
+        QStringLiteral("SELECT %1 FROM entries WHERE id > :id AND %2").arg(c_columns, m_conditions.ofStored(false));
+    QSqlQuery query = m_database.prepared(statement + QStringLiteral(" ORDER BY id LIMIT :most"));
+    m_conditions.bind(query, std::nullopt);
     query.bindValue(QStringLiteral(":id"), id);
     query.bindValue(QStringLiteral(":most"), most);
     return read(query, records);
@@ -113,12 +90,12 @@ std::optional<Problem> HistoryQuery::beforeLast(int results, std::optional<Histo
     for (const bool isGood : {true, false}) {
         if (!m_filter.isGood || *m_filter.isGood == isGood) {
             arms.append(QStringLiteral("SELECT arrived_us, id FROM entries WHERE %1")
-                            .arg(condition(isGood ? c_good : c_notGood)));
+                            .arg(m_conditions.of(isGood ? Verdict::Good : Verdict::NotGood)));
         }
     }
     QSqlQuery query = m_database.prepared(arms.join(QStringLiteral(" UNION ALL ")) +
                                           QStringLiteral(" ORDER BY arrived_us DESC, id DESC LIMIT 1 OFFSET :others"));
-    bindFilter(query, std::nullopt);
+    m_conditions.bind(query, std::nullopt);
     query.bindValue(QStringLiteral(":others"), results - 1);
     if (!m_database.run(query)) {
         return problem();
@@ -138,9 +115,10 @@ std::optional<Problem> HistoryQuery::totals(const std::optional<HistoryKey>& beh
         if (m_filter.isGood && *m_filter.isGood != isGood) {
             continue;
         }
-        QSqlQuery query = m_database.prepared(QStringLiteral("SELECT COUNT(*) FROM entries WHERE %1%2")
-                                                  .arg(condition(isGood ? c_good : c_notGood), keyCondition(behind)));
-        bindFilter(query, behind);
+        QSqlQuery query = m_database.prepared(
+            QStringLiteral("SELECT COUNT(*) FROM entries WHERE %1%2")
+                .arg(m_conditions.of(isGood ? Verdict::Good : Verdict::NotGood), HistoryConditions::behind(behind)));
+        m_conditions.bind(query, behind);
         if (!m_database.run(query) || !query.next()) {
             return problem();
         }
@@ -149,16 +127,44 @@ std::optional<Problem> HistoryQuery::totals(const std::optional<HistoryKey>& beh
     HistoryFilter notes = m_filter;
     notes.program.reset();
     notes.isGood.reset();
-    const HistoryQuery ofNotes(m_database, notes);
+    const HistoryConditions ofNotes(notes);
     QSqlQuery query = m_database.prepared(QStringLiteral("SELECT kind, COUNT(*) FROM entries WHERE %1%2 GROUP BY kind")
-                                              .arg(ofNotes.condition(c_note), keyCondition(behind)));
-    ofNotes.bindFilter(query, behind);
+                                              .arg(ofNotes.of(Verdict::Note), HistoryConditions::behind(behind)));
+    ofNotes.bind(query, behind);
     if (!m_database.run(query)) {
         return problem();
     }
     while (query.next()) {
         const bool isGap = query.value(0).toInt() == int(HistoryRecord::Kind::Gap);
         (isGap ? totals->gaps : totals->repeats) = query.value(1).toLongLong();
+    }
+    return std::nullopt;
+}
+
+std::optional<Problem> HistoryQuery::totalsAfter(qint64 id, HistoryTotals* totals)
+{
+    *totals = {};
+    QSqlQuery query = m_database.prepared(
+        QStringLiteral("SELECT kind, good, COUNT(*) FROM entries WHERE id > :id AND %1 GROUP BY kind, good")
+            .arg(m_conditions.ofStored(true)));
+    m_conditions.bind(query, std::nullopt);
+    query.bindValue(QStringLiteral(":id"), id);
+    if (!m_database.run(query)) {
+        return problem();
+    }
+    while (query.next()) {
+        const qint64 count = query.value(2).toLongLong();
+        switch (HistoryRecord::Kind(query.value(0).toInt())) {
+        case HistoryRecord::Kind::Result:
+            (query.value(1).toBool() ? totals->good : totals->notGood) = count;
+            break;
+        case HistoryRecord::Kind::Gap:
+            totals->gaps = count;
+            break;
+        case HistoryRecord::Kind::Repeat:
+            totals->repeats = count;
+            break;
+        }
     }
     return std::nullopt;
 }
@@ -171,36 +177,6 @@ std::optional<Problem> HistoryQuery::lastId(qint64* id)
     }
     *id = found.toLongLong();
     return std::nullopt;
-}
-
-QString HistoryQuery::condition(const QString& verdict) const
-{
-    QString text = m_filter.serialId.isEmpty() ? QString() : QStringLiteral("serial_id = :serial AND ");
-    text += m_filter.program ? QStringLiteral("progId = :program AND ") : QString();
-    return text + verdict + QStringLiteral(" AND arrived_us >= :least AND arrived_us < :end");
-}
-
-QString HistoryQuery::keyCondition(const std::optional<HistoryKey>& behind) const
-{
-    return behind ? QStringLiteral(" AND (arrived_us > :key_us OR (arrived_us = :key_us AND id > :key_id))")
-                  : QString();
-}
-
-void HistoryQuery::bindFilter(QSqlQuery& query, const std::optional<HistoryKey>& behind) const
-{
-    if (!m_filter.serialId.isEmpty()) {
-        query.bindValue(c_serialPlace, m_filter.serialId);
-    }
-    if (m_filter.program) {
-        query.bindValue(c_programPlace, *m_filter.program);
-    }
-    const qint64 since = m_filter.sinceUs.value_or(std::numeric_limits<qint64>::min());
-    query.bindValue(QStringLiteral(":least"), behind ? std::max(since, behind->arrivedUs) : since);
-    query.bindValue(QStringLiteral(":end"), m_filter.untilUs.value_or(std::numeric_limits<qint64>::max()));
-    if (behind) {
-        query.bindValue(QStringLiteral(":key_us"), behind->arrivedUs);
-        query.bindValue(QStringLiteral(":key_id"), behind->id);
-    }
 }
 
 std::optional<Problem> HistoryQuery::read(QSqlQuery& query, QVector<HistoryRecord>* records)

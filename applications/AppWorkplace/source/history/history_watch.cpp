@@ -4,7 +4,8 @@
 
 #include <algorithm>
 
-HistoryWatch::HistoryWatch(const QString& file, QObject* parent) : QObject(parent), m_file(file)
+HistoryWatch::HistoryWatch(const QString& file, Between between, QObject* parent)
+    : QObject(parent), m_file(file), m_between(between)
 {
     m_timer.setSingleShot(true);
     m_timer.setInterval(c_firstMs);
@@ -24,7 +25,10 @@ void HistoryWatch::onChange()
 void HistoryWatch::onTimer()
 {
     watchFiles();
-    m_timer.start(std::min(2 * m_timer.interval(), c_lastMs));
+    const int ms = m_timer.interval();
+    if (m_between == Between::Looking || ms < c_lastMs) {
+        m_timer.start(std::min(2 * ms, c_lastMs));
+    }
     Q_EMIT sigLook();
 }
 

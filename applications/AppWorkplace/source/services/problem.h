@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMetaType>
 #include <QString>
 #include <QStringList>
 
@@ -24,3 +25,5 @@ struct Problem
     /// For people: what, and on lines of their own why and what to do.
     QStringList lines() const;
 };
+
+Q_DECLARE_METATYPE(Problem)
