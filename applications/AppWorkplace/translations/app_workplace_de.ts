@@ -1130,6 +1130,14 @@ Optionen aller Befehle:
         <source>the result cannot be stored</source>
         <translation>das Ergebnis lässt sich nicht speichern</translation>
     </message>
+    <message>
+        <source>the file %1 is there already</source>
+        <translation>die Datei %1 gibt es schon</translation>
+    </message>
+    <message>
+        <source>replace it, or name another one</source>
+        <translation>ersetzen Sie sie, oder nennen Sie eine andere</translation>
+    </message>
 </context>
 <context>
     <name>Language</name>

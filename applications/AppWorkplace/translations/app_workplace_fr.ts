@@ -1130,6 +1130,14 @@ Options de toutes les commandes :
         <source>the result cannot be stored</source>
         <translation>le résultat ne peut pas être enregistré</translation>
     </message>
+    <message>
+        <source>the file %1 is there already</source>
+        <translation>le fichier %1 existe déjà</translation>
+    </message>
+    <message>
+        <source>replace it, or name another one</source>
+        <translation>remplacez-le, ou nommez-en un autre</translation>
+    </message>
 </context>
 <context>
     <name>Language</name>
