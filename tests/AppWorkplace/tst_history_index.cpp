@@ -240,9 +240,9 @@ void TestHistoryIndex::answersEveryStepFromAnIndex()
         filter.program = (bits & 2) != 0 ? std::optional<int>(2) : std::nullopt;
         filter.isGood = (bits & 4) != 0 ? std::optional<bool>(false) : std::nullopt;
         HistoryKeys keys(m_store->database(), filter);
-        for (const QString& statement : {keys.statement(HistoryKeys::Way::Behind, HistoryKey{}),
-                                         keys.statement(HistoryKeys::Way::Before, HistoryKey{}),
-                                         keys.statement(HistoryKeys::Way::Before, {})}) {
+        for (const QString& statement :
+             {keys.statement(HistoryKeys::Way::Behind, HistoryKey{}),
+              keys.statement(HistoryKeys::Way::Before, HistoryKey{}), keys.statement(HistoryKeys::Way::Before, {})}) {
             QSqlQuery plan = m_store->database().prepared(QStringLiteral("EXPLAIN QUERY PLAN ") + statement);
             QVERIFY(plan.exec());
             while (plan.next()) {

@@ -7,7 +7,7 @@
 #include <cmath>
 #include <utility>
 
-#include "../cli/results_report.h"
+#include "../history/history_note.h"
 #include "panel_document.h"
 #include "wrench_entries.h"
 

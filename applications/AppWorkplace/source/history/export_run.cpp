@@ -28,11 +28,12 @@ std::optional<Problem> ExportRun::refusalOf(const QString& file)
     if (HistoryExport::formatOf(file)) {
         return std::nullopt;
     }
-    return Problem{Problem::Kind::Usage,
-                   QStringLiteral("export"),
-                   QCoreApplication::translate("ResultsCommand", "the file \"%1\" does not say how to write it").arg(file),
-                   {},
-                   QCoreApplication::translate("ResultsCommand", "end its name with .csv or .jsonl")};
+    return Problem{
+        Problem::Kind::Usage,
+        QStringLiteral("export"),
+        QCoreApplication::translate("ResultsCommand", "the file \"%1\" does not say how to write it").arg(file),
+        {},
+        QCoreApplication::translate("ResultsCommand", "end its name with .csv or .jsonl")};
 }
 
 bool ExportRun::isAboutReplacing(const Problem& problem)

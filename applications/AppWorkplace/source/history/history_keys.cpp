@@ -66,8 +66,7 @@ QString HistoryKeys::statement(Way way, const std::optional<HistoryKey>& key) co
     }
     const QString order = way == Way::Behind ? QStringLiteral(" ORDER BY arrived_us, id")
                                              : QStringLiteral(" ORDER BY arrived_us DESC, id DESC");
-    return selections.join(QStringLiteral(" UNION ALL ")) + order +
-                                                QStringLiteral(" LIMIT 1 OFFSET :others");
+    return selections.join(QStringLiteral(" UNION ALL ")) + order + QStringLiteral(" LIMIT 1 OFFSET :others");
 }
 
 std::optional<Problem> HistoryKeys::origins(QStringList* wrenches, QStringList* programs)
