@@ -165,7 +165,7 @@ void TestHistoryTable::showsGapsAndRepeatsAsRows()
 
 void TestHistoryTable::fetchesRowsOfAnyPlaceAndKeepsFew()
 {
-    constexpr int c_many = 80 * c_page;
+    constexpr int c_many = 45 * c_page;
     QVERIFY(append(results(c_many)));
     open();
     for (const int row : {0, c_many / 2, 13, c_many - 1, c_many / 3}) {
@@ -198,8 +198,8 @@ void TestHistoryTable::filtersAsTheQueryDoes()
     QFETCH(QString, wrench);
     QFETCH(QString, program);
     QFETCH(QString, verdict);
-    QVector<HistoryRecord> records = results(150);
-    records.append(HistoryFixture::gap(149, 151, 200));
+    QVector<HistoryRecord> records = results(60);
+    records.append(HistoryFixture::gap(59, 61, 200));
     QVERIFY(append(records));
     open();
     m_table->setWrench(wrench);
@@ -212,7 +212,7 @@ void TestHistoryTable::filtersAsTheQueryDoes()
     filter.isGood = verdict.isEmpty() ? std::nullopt : std::optional<bool>(verdict == QLatin1String("ok"));
     QCOMPARE(readings(), reversed(m_history->readings(filter)));
     m_table->resetFilters();
-    QTRY_COMPARE_WITH_TIMEOUT(m_table->count(), 151, c_limitMs);
+    QTRY_COMPARE_WITH_TIMEOUT(m_table->count(), 61, c_limitMs);
     QVERIFY(!m_table->isFiltered());
 }
 

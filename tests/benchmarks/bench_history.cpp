@@ -17,85 +17,30 @@
 #include <sqlite3.h>
 #include <unistd.h>
 
+#include "filled_history.h"
 #include "history/history_export.h"
 #include "history/history_query.h"
 #include "history/history_store.h"
 
 namespace {
 
-constexpr int c_entries = 1000000;
+constexpr int c_entries = FilledHistory::c_million;
 constexpr int c_few = 1000;
 constexpr int c_page = 100;
-constexpr qint64 c_usBetween = 20000;
-constexpr qint64 c_lengthUs = c_entries * c_usBetween;
+constexpr qint64 c_usBetween = FilledHistory::c_usBetween;
 
-HistoryRecord recordOf(int i)
+FilledHistory& million()
 {
-    HistoryRecord record;
-    record.arrivedUs = i * c_usBetween;
-    record.serialId = i % 2 == 0 ? QStringLiteral("2210") : QStringLiteral("2211");
-    record.device = QStringLiteral("/dev/ttyUSB0");
-    record.plugin = QStringLiteral("Plugin Device Haitor");
-    record.isGood = i % 50 != 7;
-    const QString status = record.isGood ? QStringLiteral("0") : QStringLiteral("2");
-    record.entries = {QStringLiteral("12.%1").arg(i % 100),
-                      QStringLiteral("0"),
-                      status,
-                      QStringLiteral("90"),
-                      QStringLiteral("0"),
-                      QString::number(i),
-                      QStringLiteral("0"),
-                      i,
-                      1 + i % 8};
-    record.rawLine = "RE:F:12.05,0,0,90,0,1,0";
-    record.preset = QStringLiteral("{\"unit\":\"N.m\",\"program\":%1}").arg(1 + i % 8);
-    if (i % 1000 == 500) {
-        record.kind = HistoryRecord::Kind::Gap;
-        record.counter = QStringLiteral("readingNumber");
-        record.countBefore = i;
-        record.countAfter = i + 2;
-    }
-    return record;
+    static FilledHistory filled(c_entries);
+    return filled;
 }
 
-/// A history of that size, made once for each size.
-class Filled
+FilledHistory& thousand()
 {
-public:
-    explicit Filled(int entries) : store(m_folder.path())
-    {
-        if (store.openToWrite()) {
-            qFatal("the history cannot be made");
-        }
-        constexpr int c_together = 5000;
-        for (int i = 0; i < entries;) {
-            QVector<HistoryRecord> records;
-            for (; records.size() < c_together && i < entries; ++i) {
-                records.append(recordOf(i));
-            }
-            if (store.append(records)) {
-                qFatal("the history cannot be filled");
-            }
-        }
-    }
-
-    static Filled& million()
-    {
-        static Filled filled(c_entries);
-        return filled;
-    }
-    static Filled& thousand()
-    {
-        static Filled filled(c_few);
-        return filled;
-    }
-
-private:
-    QTemporaryDir m_folder;
-
-public:
-    HistoryStore store;
-};
+    static FilledHistory filled(c_few);
+    return filled;
+}
+constexpr qint64 c_lengthUs = c_entries * c_usBetween;
 
 /// The filters, by number: a bit each for time, wrench, program and status.
 HistoryFilter filterOf(std::int64_t bits)
@@ -125,7 +70,7 @@ HistoryKey middle()
 
 void page(benchmark::State& state)
 {
-    Filled& filled = Filled::million();
+    FilledHistory& filled = million();
     HistoryQuery query(filled.store.database(), filterOf(state.range(0)));
     QVector<HistoryRecord> records;
     for (auto _ : state) {
@@ -149,7 +94,7 @@ void bind(sqlite3_stmt* statement, const char* place, std::int64_t value)
 /// The same statement, prepared each time, as a program without Qt asks it: every column is read, and texts are taken.
 void barePage(benchmark::State& state)
 {
-    Filled& filled = Filled::million();
+    FilledHistory& filled = million();
     const HistoryFilter filter = filterOf(state.range(0));
     const QByteArray text = HistoryQuery(filled.store.database(), filter).pageStatement(middle()).toUtf8();
     sqlite3* database = nullptr;
@@ -189,7 +134,7 @@ void barePage(benchmark::State& state)
 
 void totals(benchmark::State& state)
 {
-    Filled& filled = Filled::million();
+    FilledHistory& filled = million();
     HistoryQuery query(filled.store.database(), filterOf(state.range(0)));
     HistoryTotals counted;
     for (auto _ : state) {
@@ -204,10 +149,10 @@ void totals(benchmark::State& state)
 /// One result, on the disk when it is done, in a history that already holds so many.
 void storeOne(benchmark::State& state)
 {
-    Filled& filled = state.range(0) == c_few ? Filled::thousand() : Filled::million();
+    FilledHistory& filled = state.range(0) == c_few ? thousand() : million();
     static int i = c_entries;
     for (auto _ : state) {
-        QVector<HistoryRecord> records{recordOf(i)};
+        QVector<HistoryRecord> records{FilledHistory::recordOf(i)};
         if (filled.store.append(records)) {
             state.SkipWithError("not stored");
             break;
@@ -232,21 +177,10 @@ void bareSync(benchmark::State& state)
     close(file);
 }
 
-/// Bytes of this process in memory that are its own.
-double residentBytes()
-{
-    QFile file(QStringLiteral("/proc/self/statm"));
-    if (!file.open(QIODevice::ReadOnly)) {
-        return 0;
-    }
-    const QList<QByteArray> pages = file.readAll().split(' ');
-    return double(pages.at(1).toLongLong() - pages.at(2).toLongLong()) * double(sysconf(_SC_PAGESIZE));
-}
-
 /// All of a history into a file, page by page as `results --export` does; the memory is what it takes more at its most.
 void exportAll(benchmark::State& state)
 {
-    Filled& filled = Filled::million();
+    FilledHistory& filled = million();
     const QTemporaryDir folder;
     const double before = residentBytes();
     double most = before;
@@ -277,7 +211,7 @@ void exportAll(benchmark::State& state)
 
 void openToWrite(benchmark::State& state)
 {
-    Filled& filled = Filled::million();
+    FilledHistory& filled = million();
     for (auto _ : state) {
         HistoryStore store(QFileInfo(filled.store.file()).absolutePath());
         if (store.openToWrite()) {

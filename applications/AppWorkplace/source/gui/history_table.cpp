@@ -118,6 +118,13 @@ void HistoryTable::look()
     }
 }
 
+void HistoryTable::retranslate()
+{
+    if (count() > 0) {
+        Q_EMIT dataChanged(index(0), index(count() - 1));
+    }
+}
+
 QVariantMap HistoryTable::entry(int row) const
 {
     const HistoryRecord* record = recordOf(row);

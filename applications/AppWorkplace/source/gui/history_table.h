@@ -108,6 +108,8 @@ public:
     /// Something was stored, or may have been.
     Q_INVOKABLE void look();
 
+    /// Shows everything as the language that is now in effect writes it.
+    void retranslate();
     /// So many pages of rows are in memory.
     int keptPages() const { return m_pages.count(); }
 

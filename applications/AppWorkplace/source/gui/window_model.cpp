@@ -4,11 +4,13 @@
 
 #include "../services/language.h"
 #include "../services/translations.h"
+#include "../services/workplace.h"
 
 WindowModel::WindowModel(const WindowOrder& order, QObject* parent)
     : QObject(parent)
     , m_devices(order.devices)
     , m_doctor([this] { return settingsOfCurrent(); })
+    , m_history(Workplace::dataFolder(order.devices.first()))
     , m_page(order.page)
     , m_theme(order.theme)
     , m_language(language::choose(order.devices.first()).name)
@@ -61,6 +63,7 @@ void WindowModel::setLanguage(const QString& language)
         m_language = language;
         translations::install(language);
         m_devices.setLanguage(language);
+        m_history.retranslate();
         Q_EMIT languageChanged();
     }
 }

@@ -5,6 +5,7 @@
 
 #include "device_list.h"
 #include "doctor_table.h"
+#include "history_table.h"
 #include "window_order.h"
 
 /// What the window itself shows: its devices, which one is in front, the page, and how it looks. QML knows it as
@@ -16,6 +17,7 @@ class WindowModel : public QObject
     Q_PROPERTY(int currentIndex READ currentIndex WRITE setCurrentIndex NOTIFY currentChanged)
     Q_PROPERTY(DeviceModel* current READ current NOTIFY currentChanged)
     Q_PROPERTY(DoctorTable* doctor READ doctor CONSTANT)
+    Q_PROPERTY(HistoryTable* history READ history CONSTANT)
     Q_PROPERTY(QString page READ page WRITE setPage NOTIFY pageChanged)
     Q_PROPERTY(QString theme READ theme WRITE setTheme NOTIFY themeChanged)
     Q_PROPERTY(QString language READ language WRITE setLanguage NOTIFY languageChanged)
@@ -33,7 +35,8 @@ public:
     int currentIndex() const { return m_currentIndex; }
     void setCurrentIndex(int index); ///< one that there is not is left
     DeviceModel* current() const { return m_devices.at(m_currentIndex); }
-    DoctorTable* doctor() { return &m_doctor; } ///< of the current device
+    DoctorTable* doctor() { return &m_doctor; }    ///< of the current device
+    HistoryTable* history() { return &m_history; } ///< of all devices
     QString page() const { return m_page; }
     void setPage(const QString& page);
     QString theme() const { return m_theme; }
@@ -63,6 +66,7 @@ private:
     DeviceList m_devices;
     int m_currentIndex = 0;
     DoctorTable m_doctor;
+    HistoryTable m_history;
     QString m_page;
     QString m_theme;
     QString m_language;
