@@ -1140,6 +1140,17 @@ Optionen aller Befehle:
     </message>
 </context>
 <context>
+    <name>HistoryTable</name>
+    <message>
+        <source>good</source>
+        <translation>gut</translation>
+    </message>
+    <message>
+        <source>not good</source>
+        <translation>nicht gut</translation>
+    </message>
+</context>
+<context>
     <name>Language</name>
     <message>
         <source>there is no language &quot;%1&quot;</source>
@@ -1810,6 +1821,149 @@ Optionen aller Befehle:
     </message>
 </context>
 <context>
+    <name>ResultDetails</name>
+    <message>
+        <source>torque</source>
+        <translation>Drehmoment</translation>
+    </message>
+    <message>
+        <source>direction</source>
+        <translation>Richtung</translation>
+    </message>
+    <message>
+        <source>status of the torque</source>
+        <translation>Status des Drehmoments</translation>
+    </message>
+    <message>
+        <source>angle from snug torque</source>
+        <translation>Winkel ab Fügemoment</translation>
+    </message>
+    <message>
+        <source>status of the angle</source>
+        <translation>Status des Winkels</translation>
+    </message>
+    <message>
+        <source>number of the reading</source>
+        <translation>Nummer der Messung</translation>
+    </message>
+    <message>
+        <source>status of the reading</source>
+        <translation>Status der Messung</translation>
+    </message>
+    <message>
+        <source>number of the chunk of input</source>
+        <translation>Nummer des Eingangsstücks</translation>
+    </message>
+    <message>
+        <source>program</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>target angle</source>
+        <translation>Zielwinkel</translation>
+    </message>
+    <message>
+        <source>target torque, in hundredths</source>
+        <translation>Zielmoment, in Hundertsteln</translation>
+    </message>
+    <message>
+        <source>snug torque</source>
+        <translation>Fügemoment</translation>
+    </message>
+    <message>
+        <source>readings</source>
+        <translation>Messungen</translation>
+    </message>
+    <message>
+        <source>(an empty text)</source>
+        <translation>(ein leerer Text)</translation>
+    </message>
+    <message>
+        <source>(not received)</source>
+        <translation>(nicht empfangen)</translation>
+    </message>
+    <message>
+        <source>line as received</source>
+        <translation>Zeile wie empfangen</translation>
+    </message>
+    <message>
+        <source>(not known)</source>
+        <translation>(nicht bekannt)</translation>
+    </message>
+    <message>
+        <source>first after a reconnection</source>
+        <translation>erstes nach einer Wiederverbindung</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>nein</translation>
+    </message>
+    <message>
+        <source>counter</source>
+        <translation>Zähler</translation>
+    </message>
+    <message>
+        <source>last number before it</source>
+        <translation>letzte Nummer davor</translation>
+    </message>
+    <message>
+        <source>number behind it</source>
+        <translation>Nummer danach</translation>
+    </message>
+    <message>
+        <source>repeats the entry</source>
+        <translation>wiederholt den Eintrag</translation>
+    </message>
+    <message>
+        <source>wrench</source>
+        <translation>Schlüssel</translation>
+    </message>
+    <message>
+        <source>port</source>
+        <translation>Port</translation>
+    </message>
+    <message>
+        <source>arrived</source>
+        <translation>angekommen</translation>
+    </message>
+    <message>
+        <source>entry</source>
+        <translation>Eintrag</translation>
+    </message>
+    <message>
+        <source>preset: %1</source>
+        <translation>Vorgabe: %1</translation>
+    </message>
+    <message>
+        <source>A gap</source>
+        <translation>Eine Lücke</translation>
+    </message>
+    <message>
+        <source>A repeated reading</source>
+        <translation>Eine wiederholte Messung</translation>
+    </message>
+    <message>
+        <source>A good result</source>
+        <translation>Ein gutes Ergebnis</translation>
+    </message>
+    <message>
+        <source>A result that is not good</source>
+        <translation>Ein Ergebnis, das nicht gut ist</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
     <name>ResultsCommand</name>
     <message>
         <source>the list of results takes no argument &quot;%1&quot;</source>
@@ -1886,6 +2040,195 @@ Optionen aller Befehle:
     <message>
         <source>write 2026-11-21 or 2026-11-21T08:30:15; local time unless Z or +01:00 follows</source>
         <translation>schreiben Sie 2026-11-21 oder 2026-11-21T08:30:15; Ortszeit, wenn nicht Z oder +01:00 folgt</translation>
+    </message>
+</context>
+<context>
+    <name>ResultsExport</name>
+    <message>
+        <source>Export what is listed</source>
+        <translation>Aufgelistetes exportieren</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>for spreadsheets (.csv)</source>
+        <translation>für Tabellen (.csv)</translation>
+    </message>
+    <message>
+        <source>for programs (.jsonl)</source>
+        <translation>für Programme (.jsonl)</translation>
+    </message>
+    <message>
+        <source>Writing … %1 %</source>
+        <translation>Wird geschrieben … %1 %</translation>
+    </message>
+    <message>
+        <source>Stopped; nothing was written.</source>
+        <translation>Angehalten; nichts wurde geschrieben.</translation>
+    </message>
+    <message>
+        <source>Written: %1</source>
+        <translation>Geschrieben: %1</translation>
+    </message>
+    <message>
+        <source>Replace the file</source>
+        <translation>Datei ersetzen</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>ResultsFilters</name>
+    <message>
+        <source>all</source>
+        <translation>alle</translation>
+    </message>
+    <message>
+        <source>today</source>
+        <translation>heute</translation>
+    </message>
+    <message>
+        <source>yesterday</source>
+        <translation>gestern</translation>
+    </message>
+    <message>
+        <source>last 7 days</source>
+        <translation>letzte 7 Tage</translation>
+    </message>
+    <message>
+        <source>last 30 days</source>
+        <translation>letzte 30 Tage</translation>
+    </message>
+    <message>
+        <source>from … to …</source>
+        <translation>von … bis …</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Wrench</source>
+        <translation>Schlüssel</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation>Urteil</translation>
+    </message>
+    <message>
+        <source>good</source>
+        <translation>gut</translation>
+    </message>
+    <message>
+        <source>not good</source>
+        <translation>nicht gut</translation>
+    </message>
+    <message>
+        <source>Let all through</source>
+        <translation>Alle durchlassen</translation>
+    </message>
+    <message>
+        <source>Export …</source>
+        <translation>Export …</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>2026-11-21 or 2026-11-21 08:30</source>
+        <translation>2026-11-21 oder 2026-11-21 08:30</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Bis</translation>
+    </message>
+    <message>
+        <source>That is no date, and no date and time; it is left out.</source>
+        <translation>Das ist weder Datum noch Datum und Zeit; es wird ausgelassen.</translation>
+    </message>
+</context>
+<context>
+    <name>ResultsPage</name>
+    <message>
+        <source>time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>wrench</source>
+        <translation>Schlüssel</translation>
+    </message>
+    <message>
+        <source>program</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>torque</source>
+        <translation>Drehmoment</translation>
+    </message>
+    <message>
+        <source>unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>direction</source>
+        <translation>Richtung</translation>
+    </message>
+    <message>
+        <source>angle (°)</source>
+        <translation>Winkel (°)</translation>
+    </message>
+    <message>
+        <source>reading</source>
+        <translation>Messung</translation>
+    </message>
+    <message>
+        <source>status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>verdict</source>
+        <translation>Urteil</translation>
+    </message>
+    <message>
+        <source>Results</source>
+        <translation>Ergebnisse</translation>
+    </message>
+    <message>
+        <source>Let more through with the filters above.</source>
+        <translation>Lassen Sie mit den Filtern oben mehr durch.</translation>
+    </message>
+    <message>
+        <source>Each result of a session is stored in %1.</source>
+        <translation>Jedes Ergebnis einer Sitzung wird in %1 gespeichert.</translation>
+    </message>
+    <message>
+        <source>No stored result is like that.</source>
+        <translation>Kein gespeichertes Ergebnis ist so.</translation>
+    </message>
+    <message>
+        <source>Nothing is stored yet.</source>
+        <translation>Noch ist nichts gespeichert.</translation>
+    </message>
+    <message>
+        <source>The list is being made …</source>
+        <translation>Die Liste entsteht …</translation>
+    </message>
+    <message>
+        <source>%1 new</source>
+        <translation>%1 neue</translation>
     </message>
 </context>
 <context>
@@ -2036,6 +2379,33 @@ Optionen aller Befehle:
     <message>
         <source>tighten once while it is waited for; give more time with --wait-result</source>
         <translation>verschrauben Sie einmal, solange gewartet wird; geben Sie mit --wait-result mehr Zeit</translation>
+    </message>
+</context>
+<context>
+    <name>ResultsTotals</name>
+    <message>
+        <source>%1 results, %2 good, %3 not good, %4 gaps, %5 repeated</source>
+        <translation>%1 Ergebnisse, %2 gut, %3 nicht gut, %4 Lücken, %5 wiederholt</translation>
+    </message>
+    <message>
+        <source>Results: %1</source>
+        <translation>Ergebnisse: %1</translation>
+    </message>
+    <message>
+        <source>good: %1</source>
+        <translation>gut: %1</translation>
+    </message>
+    <message>
+        <source>not good: %1</source>
+        <translation>nicht gut: %1</translation>
+    </message>
+    <message>
+        <source>gaps: %1</source>
+        <translation>Lücken: %1</translation>
+    </message>
+    <message>
+        <source>repeated: %1</source>
+        <translation>wiederholt: %1</translation>
     </message>
 </context>
 <context>

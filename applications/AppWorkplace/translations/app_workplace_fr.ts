@@ -1140,6 +1140,17 @@ Options de toutes les commandes :
     </message>
 </context>
 <context>
+    <name>HistoryTable</name>
+    <message>
+        <source>good</source>
+        <translation>bon</translation>
+    </message>
+    <message>
+        <source>not good</source>
+        <translation>pas bon</translation>
+    </message>
+</context>
+<context>
     <name>Language</name>
     <message>
         <source>there is no language &quot;%1&quot;</source>
@@ -1810,6 +1821,149 @@ Options de toutes les commandes :
     </message>
 </context>
 <context>
+    <name>ResultDetails</name>
+    <message>
+        <source>torque</source>
+        <translation>couple</translation>
+    </message>
+    <message>
+        <source>direction</source>
+        <translation>sens</translation>
+    </message>
+    <message>
+        <source>status of the torque</source>
+        <translation>état du couple</translation>
+    </message>
+    <message>
+        <source>angle from snug torque</source>
+        <translation>angle depuis le couple d&apos;approche</translation>
+    </message>
+    <message>
+        <source>status of the angle</source>
+        <translation>état de l&apos;angle</translation>
+    </message>
+    <message>
+        <source>number of the reading</source>
+        <translation>numéro de la mesure</translation>
+    </message>
+    <message>
+        <source>status of the reading</source>
+        <translation>état de la mesure</translation>
+    </message>
+    <message>
+        <source>number of the chunk of input</source>
+        <translation>numéro du bloc reçu</translation>
+    </message>
+    <message>
+        <source>program</source>
+        <translation>programme</translation>
+    </message>
+    <message>
+        <source>unit</source>
+        <translation>unité</translation>
+    </message>
+    <message>
+        <source>target angle</source>
+        <translation>angle cible</translation>
+    </message>
+    <message>
+        <source>target torque, in hundredths</source>
+        <translation>couple cible, en centièmes</translation>
+    </message>
+    <message>
+        <source>snug torque</source>
+        <translation>couple d&apos;approche</translation>
+    </message>
+    <message>
+        <source>readings</source>
+        <translation>mesures</translation>
+    </message>
+    <message>
+        <source>(an empty text)</source>
+        <translation>(un texte vide)</translation>
+    </message>
+    <message>
+        <source>(not received)</source>
+        <translation>(non reçu)</translation>
+    </message>
+    <message>
+        <source>line as received</source>
+        <translation>ligne telle que reçue</translation>
+    </message>
+    <message>
+        <source>(not known)</source>
+        <translation>(inconnu)</translation>
+    </message>
+    <message>
+        <source>first after a reconnection</source>
+        <translation>premier après une reconnexion</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>oui</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>non</translation>
+    </message>
+    <message>
+        <source>counter</source>
+        <translation>compteur</translation>
+    </message>
+    <message>
+        <source>last number before it</source>
+        <translation>dernier numéro avant</translation>
+    </message>
+    <message>
+        <source>number behind it</source>
+        <translation>numéro suivant</translation>
+    </message>
+    <message>
+        <source>repeats the entry</source>
+        <translation>répète l&apos;entrée</translation>
+    </message>
+    <message>
+        <source>wrench</source>
+        <translation>clé</translation>
+    </message>
+    <message>
+        <source>port</source>
+        <translation>port</translation>
+    </message>
+    <message>
+        <source>arrived</source>
+        <translation>arrivée</translation>
+    </message>
+    <message>
+        <source>entry</source>
+        <translation>entrée</translation>
+    </message>
+    <message>
+        <source>preset: %1</source>
+        <translation>préréglage : %1</translation>
+    </message>
+    <message>
+        <source>A gap</source>
+        <translation>Une lacune</translation>
+    </message>
+    <message>
+        <source>A repeated reading</source>
+        <translation>Une mesure répétée</translation>
+    </message>
+    <message>
+        <source>A good result</source>
+        <translation>Un bon résultat</translation>
+    </message>
+    <message>
+        <source>A result that is not good</source>
+        <translation>Un résultat qui n&apos;est pas bon</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+</context>
+<context>
     <name>ResultsCommand</name>
     <message>
         <source>the list of results takes no argument &quot;%1&quot;</source>
@@ -1886,6 +2040,195 @@ Options de toutes les commandes :
     <message>
         <source>write 2026-11-21 or 2026-11-21T08:30:15; local time unless Z or +01:00 follows</source>
         <translation>écrivez 2026-11-21 ou 2026-11-21T08:30:15 ; heure locale sauf si Z ou +01:00 suit</translation>
+    </message>
+</context>
+<context>
+    <name>ResultsExport</name>
+    <message>
+        <source>Export what is listed</source>
+        <translation>Exporter ce qui est listé</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Fichier</translation>
+    </message>
+    <message>
+        <source>for spreadsheets (.csv)</source>
+        <translation>pour tableurs (.csv)</translation>
+    </message>
+    <message>
+        <source>for programs (.jsonl)</source>
+        <translation>pour programmes (.jsonl)</translation>
+    </message>
+    <message>
+        <source>Writing … %1 %</source>
+        <translation>Écriture … %1 %</translation>
+    </message>
+    <message>
+        <source>Stopped; nothing was written.</source>
+        <translation>Arrêté ; rien n&apos;a été écrit.</translation>
+    </message>
+    <message>
+        <source>Written: %1</source>
+        <translation>Écrit : %1</translation>
+    </message>
+    <message>
+        <source>Replace the file</source>
+        <translation>Remplacer le fichier</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exporter</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+</context>
+<context>
+    <name>ResultsFilters</name>
+    <message>
+        <source>all</source>
+        <translation>tout</translation>
+    </message>
+    <message>
+        <source>today</source>
+        <translation>aujourd&apos;hui</translation>
+    </message>
+    <message>
+        <source>yesterday</source>
+        <translation>hier</translation>
+    </message>
+    <message>
+        <source>last 7 days</source>
+        <translation>7 derniers jours</translation>
+    </message>
+    <message>
+        <source>last 30 days</source>
+        <translation>30 derniers jours</translation>
+    </message>
+    <message>
+        <source>from … to …</source>
+        <translation>de … à …</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Temps</translation>
+    </message>
+    <message>
+        <source>Wrench</source>
+        <translation>Clé</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Programme</translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation>Verdict</translation>
+    </message>
+    <message>
+        <source>good</source>
+        <translation>bon</translation>
+    </message>
+    <message>
+        <source>not good</source>
+        <translation>pas bon</translation>
+    </message>
+    <message>
+        <source>Let all through</source>
+        <translation>Tout laisser passer</translation>
+    </message>
+    <message>
+        <source>Export …</source>
+        <translation>Exporter …</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>De</translation>
+    </message>
+    <message>
+        <source>2026-11-21 or 2026-11-21 08:30</source>
+        <translation>2026-11-21 ou 2026-11-21 08:30</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>À</translation>
+    </message>
+    <message>
+        <source>That is no date, and no date and time; it is left out.</source>
+        <translation>Ce n&apos;est ni une date ni une date avec heure ; c&apos;est ignoré.</translation>
+    </message>
+</context>
+<context>
+    <name>ResultsPage</name>
+    <message>
+        <source>time</source>
+        <translation>temps</translation>
+    </message>
+    <message>
+        <source>wrench</source>
+        <translation>clé</translation>
+    </message>
+    <message>
+        <source>program</source>
+        <translation>programme</translation>
+    </message>
+    <message>
+        <source>torque</source>
+        <translation>couple</translation>
+    </message>
+    <message>
+        <source>unit</source>
+        <translation>unité</translation>
+    </message>
+    <message>
+        <source>direction</source>
+        <translation>sens</translation>
+    </message>
+    <message>
+        <source>angle (°)</source>
+        <translation>angle (°)</translation>
+    </message>
+    <message>
+        <source>reading</source>
+        <translation>mesure</translation>
+    </message>
+    <message>
+        <source>status</source>
+        <translation>état</translation>
+    </message>
+    <message>
+        <source>verdict</source>
+        <translation>verdict</translation>
+    </message>
+    <message>
+        <source>Results</source>
+        <translation>Résultats</translation>
+    </message>
+    <message>
+        <source>Let more through with the filters above.</source>
+        <translation>Laissez passer davantage avec les filtres ci-dessus.</translation>
+    </message>
+    <message>
+        <source>Each result of a session is stored in %1.</source>
+        <translation>Chaque résultat d&apos;une session est enregistré dans %1.</translation>
+    </message>
+    <message>
+        <source>No stored result is like that.</source>
+        <translation>Aucun résultat enregistré n&apos;est ainsi.</translation>
+    </message>
+    <message>
+        <source>Nothing is stored yet.</source>
+        <translation>Rien n&apos;est encore enregistré.</translation>
+    </message>
+    <message>
+        <source>The list is being made …</source>
+        <translation>La liste se prépare …</translation>
+    </message>
+    <message>
+        <source>%1 new</source>
+        <translation>%1 nouveaux</translation>
     </message>
 </context>
 <context>
@@ -2036,6 +2379,33 @@ Options de toutes les commandes :
     <message>
         <source>tighten once while it is waited for; give more time with --wait-result</source>
         <translation>faites un serrage pendant l’attente ; accordez plus de temps avec --wait-result</translation>
+    </message>
+</context>
+<context>
+    <name>ResultsTotals</name>
+    <message>
+        <source>%1 results, %2 good, %3 not good, %4 gaps, %5 repeated</source>
+        <translation>%1 résultats, %2 bons, %3 pas bons, %4 lacunes, %5 répétés</translation>
+    </message>
+    <message>
+        <source>Results: %1</source>
+        <translation>Résultats : %1</translation>
+    </message>
+    <message>
+        <source>good: %1</source>
+        <translation>bons : %1</translation>
+    </message>
+    <message>
+        <source>not good: %1</source>
+        <translation>pas bons : %1</translation>
+    </message>
+    <message>
+        <source>gaps: %1</source>
+        <translation>lacunes : %1</translation>
+    </message>
+    <message>
+        <source>repeated: %1</source>
+        <translation>répétés : %1</translation>
     </message>
 </context>
 <context>
