@@ -133,6 +133,13 @@ private Q_SLOTS:
         QVERIFY(backend.queued.isEmpty());
     }
 
+    void beingFoundByTheHostReachesTheBackend()
+    {
+        BeMaintenanceDeviceHaitor backend;
+        QVERIFY(QObject::disconnect(&backend, &DAbstractPluginBackend::abstractBackendInitialized, &backend,
+                                    &BeMaintenanceDeviceHaitor::initBackend));
+    }
+
     void lockIsQueuedAsANumber()
     {
         BeMaintenanceDeviceHaitor backend;
