@@ -8,6 +8,7 @@ packages_to_build+=" qml-module-qtquick-window2 libqt5svg5 fonts-dejavu-core"
 packages_to_test="python3 python3-jsonschema procps sqlite3"
 packages_to_test+=" zsh mandoc man-db" # completion, manual pages
 packages_to_check="clang-format clazy"
+packages_to_check_leaks="valgrind"
 packages_to_tidy="clang-tidy-22" # without the security updates of Debian there is only the one below, which takes twice as long
 packages_to_tidy_slowly="clang-tidy"
 packages_to_package="appstream binutils desktop-file-utils dpkg-dev lintian python3" # scripts/make-packages
