@@ -42,7 +42,6 @@ string(JOIN ", " CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS
   libqt5sql5-sqlite
   libqt5svg5
   qml-module-qtquick-controls2
-  qml-module-qtquick-layouts
   qml-module-qtquick-templates2
   qml-module-qtquick-window2
   qml-module-qtquick2)
