@@ -62,7 +62,7 @@ PluginRights::Problem PluginRights::problemOfFileAndFolder(const QString& file) 
     QStringList paths{real.filePath(), named.absolutePath(), real.absolutePath()};
     paths.removeDuplicates();
     for (const QString& path : qAsConst(paths)) {
-        const Problem problem = problemOf(path);
+        Problem problem = problemOf(path);
         if (!problem.isNone()) {
             return problem;
         }
