@@ -68,13 +68,12 @@ private:
         order.serialId = c_serialId;
         order.listens = false;
         m_session = std::make_unique<Session>(m_workplace.linked(), order);
-        bool isReady = false;
-        QObject::connect(m_session.get(), &Session::sigReady, [&isReady] { isReady = true; });
+        QObject::connect(m_session.get(), &Session::sigReady, [this] { m_isReady = true; });
         m_session->start();
-        if (!m_workplace.runUntil([&isReady] { return isReady; }, c_patienceMs)) {
+        if (!m_workplace.runUntil([this] { return m_isReady; }, c_patienceMs)) {
             m_result.complaint = QStringLiteral("the wrench is not connected");
         }
-        return isReady;
+        return m_isReady;
     }
 
     void execute()
@@ -139,16 +138,15 @@ private:
     /// As the program does.
     void end()
     {
-        bool isClosed = false;
         LineEnd lineEnd(m_workplace.linked());
         if (m_session != nullptr) {
-            QObject::connect(m_session.get(), &Session::sigFinished, [&isClosed] { isClosed = true; });
+            QObject::connect(m_session.get(), &Session::sigFinished, [this] { m_isClosed = true; });
             m_session->interrupt();
         } else {
-            QObject::connect(&lineEnd, &LineEnd::sigClosed, [&isClosed] { isClosed = true; });
+            QObject::connect(&lineEnd, &LineEnd::sigClosed, [this] { m_isClosed = true; });
             lineEnd.close();
         }
-        if (!m_workplace.runUntil([&isClosed] { return isClosed; }, c_patienceMs)) {
+        if (!m_workplace.runUntil([this] { return m_isClosed; }, c_patienceMs)) {
             m_result.complaint = QStringLiteral("the line is not closed");
             return;
         }
@@ -158,8 +156,10 @@ private:
 
     const FaultTrial& m_trial;
     SimulatedWorkplace m_workplace;
-    std::unique_ptr<Session> m_session;
+    std::unique_ptr<Session> m_session; // null: the command has the line to itself
     TrialRun m_result;
+    bool m_isReady = false;
+    bool m_isClosed = false;
 };
 
 TrialRun runSession(const FaultTrial& trial, const QString& fault)

@@ -272,7 +272,7 @@ QString disorder(SimulatedWorkplace& workplace, const SessionWatch& watch)
     if (wasCalled && record.last(Kind::Opened) > record.last(Kind::Pulled) && record.lastSent() != c_hangUp) {
         return QStringLiteral("the last frame is not the hang-up but ") + QString::fromLatin1(record.lastSent());
     }
-    const QString left = leftovers(workplace);
+    QString left = leftovers(workplace);
     if (!left.isEmpty()) {
         return left;
     }
