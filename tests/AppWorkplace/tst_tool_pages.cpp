@@ -30,6 +30,7 @@ Rectangle {
         property var trace: traceTable
         property int stops: 0
         function stop() { ++stops; state = 5 }
+        function freeLine() {}
     }
     property var workplace: QtObject { property var doctor: doctorTable }
 

@@ -44,7 +44,10 @@ FocusScope {
             isPrimary: true
             objectName: page.objectName + ".idStart"
             text: qsTr("Examine")
-            onClicked: page.doctor.start(page.waits[wait.currentIndex])
+            onClicked: {
+                page.device.freeLine()
+                page.doctor.start(page.waits[wait.currentIndex])
+            }
         }
 
         UiChoice {

@@ -14,6 +14,7 @@
 namespace {
 
 const QString c_listenCommand = QStringLiteral("listenEventsData");
+const QString c_closeCommand = QStringLiteral("closeConnection"); // of the driver
 const QString c_progId = QStringLiteral("progId");
 constexpr double c_millisecondsPerSecond = 1000;
 
@@ -142,6 +143,14 @@ void DeviceModel::forgetProblem()
     if (hasProblem()) {
         m_problem = {};
         Q_EMIT problemChanged();
+    }
+}
+
+void DeviceModel::freeLine()
+{
+    if (m_state == Idle && m_isOpen) {
+        m_closing = m_workplace->host().createOrder(m_workplace->driver(), c_closeCommand);
+        m_closing->start();
     }
 }
 

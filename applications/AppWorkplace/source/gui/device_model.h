@@ -112,6 +112,8 @@ public:
     Q_INVOKABLE void selectProgram(int program);
     Q_INVOKABLE void setLock(bool isLocked);
     Q_INVOKABLE void forgetProblem();
+    /// Closes the line when nothing runs: the panel may have opened it.
+    Q_INVOKABLE void freeLine();
 
     /// Ends what runs, and tells sigEnded when nothing does; nothing is begun any more.
     void end();
@@ -189,6 +191,7 @@ private:
     QVariantMap m_result;
     RecentResults m_recent;
     TraceTable m_trace;
+    std::unique_ptr<DOrder> m_closing;
     int m_good = 0;
     int m_notGood = 0;
     QString m_notes;
