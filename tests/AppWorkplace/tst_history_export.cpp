@@ -1,5 +1,7 @@
 #include <QtTest>
 
+#include <limits>
+
 #include <QCommandLineParser>
 #include <QJsonDocument>
 
@@ -70,6 +72,7 @@ private Q_SLOTS:
     void writesTextsAsTheyWereReceived();
     void tellsEmptyFromAbsent();
     void writesGapsAndRepeats();
+    void knowsNoGapBetweenNumbersThatAreTooFarApart();
     void writesOneObjectALine();
     void writesTheLocalTimeOfThen_data();
     void writesTheLocalTimeOfThen();
@@ -131,6 +134,14 @@ void TestHistoryExport::tellsEmptyFromAbsent()
     QVERIFY(!eventData.contains(QLatin1String("progId")));
 }
 
+void TestHistoryExport::knowsNoGapBetweenNumbersThatAreTooFarApart()
+{
+    HistoryRecord gap = HistoryFixture::gap(-2, 0);
+    QCOMPARE(gap.missing(), Q_INT64_C(1));
+    gap.countAfter = std::numeric_limits<qint64>::max();
+    QCOMPARE(gap.missing(), Q_INT64_C(0));
+}
+
 void TestHistoryExport::writesGapsAndRepeats()
 {
     HistoryRecord gap = HistoryFixture::gap(3, 7);
@@ -173,6 +184,7 @@ void TestHistoryExport::writesTheLocalTimeOfThen_data()
     QTest::newRow("east") << Q_INT64_C(1795249800000001) << 3600 << QStringLiteral("2026-11-21T09:30:00.000001+01:00");
     QTest::newRow("west") << Q_INT64_C(1795249800000000) << -12600
                           << QStringLiteral("2026-11-21T05:00:00.000000-03:30");
+    QTest::newRow("a clock before its time") << Q_INT64_C(-1) << 0 << QStringLiteral("1969-12-31T23:59:59.999999Z");
 }
 
 void TestHistoryExport::writesTheLocalTimeOfThen()

@@ -86,6 +86,7 @@ private Q_SLOTS:
     void listsWhatWasStoredSince();
     void seesNothingThatIsStoredBetweenBeginAndEnd();
     void answersEveryPageFromAnIndex();
+    void refusesAnEntryOfNoKnownKind();
 
 private:
     HistoryFixture m_history;
@@ -244,6 +245,20 @@ void TestHistoryQuery::answersEveryPageFromAnIndex()
                      qPrintable(step + QLatin1Char('\n') + statement));
         }
     }
+}
+
+void TestHistoryQuery::refusesAnEntryOfNoKnownKind()
+{
+    const HistoryFixture history;
+    QVERIFY(history.fill({HistoryFixture::result(1)}));
+    HistoryStore store(history.folder());
+    QVERIFY(!store.openToWrite());
+    QVERIFY(store.database().run(QStringLiteral("PRAGMA ignore_check_constraints = ON")));
+    QVERIFY(store.database().run(QStringLiteral("UPDATE entries SET kind = 9, good = NULL")));
+    QVector<HistoryRecord> records;
+    const std::optional<Problem> problem = HistoryQuery(store.database(), {}).page({}, 9, &records);
+    QVERIFY(problem);
+    QVERIFY2(problem->cause.contains(QLatin1String("kind 9 of entry 1")), qPrintable(problem->cause));
 }
 
 QTEST_GUILESS_MAIN(TestHistoryQuery)

@@ -79,6 +79,7 @@ private Q_SLOTS:
     void init() { qunsetenv("NO_COLOR"); }
 
     void writesAnObjectOnOneLine();
+    void letsNoControlCharacterIntoAnObject();
     void stampsTheTimeWithMillisecondsAndOffset();
     void showsControlCharacters_data();
     void showsControlCharacters();
@@ -110,6 +111,18 @@ void TestWorkplaceConsole::writesAnObjectOnOneLine()
     QCOMPARE(QJsonDocument::fromJson(written).object().value(QStringLiteral("text")).toString(),
              QStringLiteral("a\nb\r\x1b[0m"));
     QVERIFY(!written.contains('\x1b'));
+}
+
+// JSON itself lets stand what some terminals obey.
+void TestWorkplaceConsole::letsNoControlCharacterIntoAnObject()
+{
+    const QString text = QStringLiteral("a") + QChar(0x9b) + QChar(0x7f) + QChar(0x202e) + QChar(0x2028) + QChar(0xe9);
+    const File results = makeFile();
+    Console console(results.get(), stderr, true);
+    console.object({{QStringLiteral("text"), text}});
+    const QByteArray written = contents(results);
+    QVERIFY2(written.contains("a\\u009b\\u007f\\u202e\\u2028\xc3\xa9"), written.constData());
+    QCOMPARE(QJsonDocument::fromJson(written).object().value(QStringLiteral("text")).toString(), text);
 }
 
 void TestWorkplaceConsole::stampsTheTimeWithMillisecondsAndOffset()

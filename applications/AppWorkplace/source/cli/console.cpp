@@ -2,13 +2,13 @@
 
 #include <QCoreApplication>
 #include <QDateTime>
-#include <QJsonDocument>
 
 #include <cerrno>
 #include <cstring>
 
 #include <unistd.h>
 
+#include "../services/json_lines.h"
 #include "log_lines.h"
 
 namespace {
@@ -37,7 +37,7 @@ void Console::object(QJsonObject object)
 {
     const QDateTime now = QDateTime::currentDateTime();
     object.insert(QStringLiteral("time"), now.toOffsetFromUtc(now.offsetFromUtc()).toString(Qt::ISODateWithMs));
-    write(m_results, QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n');
+    write(m_results, jsonLine(object));
 }
 
 void Console::message(const QString& text)

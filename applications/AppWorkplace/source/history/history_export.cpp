@@ -2,8 +2,8 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QJsonDocument>
 
+#include "../services/json_lines.h"
 #include "file_sync.h"
 #include "history_format.h"
 
@@ -32,9 +32,7 @@ std::optional<Problem> HistoryExport::write(const QVector<HistoryRecord>& record
 {
     QByteArray bytes;
     for (const HistoryRecord& record : records) {
-        bytes += m_format == Format::Csv
-                     ? history_format::toCsv(record)
-                     : QJsonDocument(history_format::toJson(record)).toJson(QJsonDocument::Compact) + '\n';
+        bytes += m_format == Format::Csv ? history_format::toCsv(record) : jsonLine(history_format::toJson(record));
     }
     return put(bytes);
 }

@@ -48,12 +48,13 @@ QVariant wordFor(bool isTrue)
 
 QString history_format::arrival(const HistoryRecord& record)
 {
-    const QDateTime moment =
-        QDateTime::fromMSecsSinceEpoch(record.arrivedUs / c_usPerMs, Qt::OffsetFromUTC, record.utcOffsetS);
+    // Before 1970, too, the fraction counts up.
+    const qint64 fractionUs = (record.arrivedUs % c_usPerSecond + c_usPerSecond) % c_usPerSecond;
+    const qint64 wholeMs = record.arrivedUs / c_usPerMs - (record.arrivedUs % c_usPerMs < 0 ? 1 : 0);
+    const QDateTime moment = QDateTime::fromMSecsSinceEpoch(wholeMs, Qt::OffsetFromUTC, record.utcOffsetS);
     const QString text = moment.toString(Qt::ISODate); // "2026-11-21T08:30:15" and the offset
     constexpr int c_upToSeconds = 19;
-    const QString fraction =
-        QStringLiteral(".%1").arg(record.arrivedUs % c_usPerSecond, c_secondDecimals, 10, QLatin1Char('0'));
+    const QString fraction = QStringLiteral(".%1").arg(fractionUs, c_secondDecimals, 10, QLatin1Char('0'));
     return text.left(c_upToSeconds) + fraction + text.mid(c_upToSeconds);
 }
 

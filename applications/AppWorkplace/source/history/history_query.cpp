@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "history_database.h"
+#include "history_format.h"
 #include "history_problem.h"
 
 namespace {
@@ -189,6 +190,12 @@ std::optional<Problem> HistoryQuery::read(QSqlQuery& query, QVector<HistoryRecor
         HistoryRecord record;
         record.id = query.value(Id).toLongLong();
         record.kind = HistoryRecord::Kind(query.value(Kind).toInt());
+        if (history_format::nameOf(record.kind).isEmpty()) {
+            const QString verdict = QStringLiteral("kind %1 of entry %2").arg(int(record.kind)).arg(record.id);
+            return historyRefusal(m_database.file(),
+                                  QCoreApplication::translate("History", "it is damaged: %1").arg(verdict),
+                                  damageMend(m_database.file()));
+        }
         record.arrivedUs = query.value(ArrivedUs).toLongLong();
         record.utcOffsetS = query.value(UtcOffsetS).toInt();
         record.serialId = query.value(SerialId).toString();

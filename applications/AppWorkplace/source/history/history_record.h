@@ -54,7 +54,11 @@ struct HistoryRecord
     qint64 repeatOf = 0;    ///< of a repeat: the id of the result
 
     /// Of a gap: how many numbers were not heard; 0: not known, for the counter fell back.
-    qint64 missing() const { return countAfter > countBefore ? countAfter - countBefore - 1 : 0; }
+    qint64 missing() const
+    {
+        qint64 step = 0; // numbers of a damaged file may be too far from each other
+        return !__builtin_sub_overflow(countAfter, countBefore, &step) && step > 0 ? step - 1 : 0;
+    }
 
     /// The entries by their names; absent ones are not in it.
     QVariantMap eventData() const

@@ -62,3 +62,26 @@ QMap<QString, int> linesOfKeys(const QByteArray& text)
     }
     return lines;
 }
+
+QByteArray jsonLine(const QJsonObject& object)
+{
+    constexpr int c_digits = 4;
+    constexpr int c_hexadecimal = 16;
+    const QString json = QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
+    QString line;
+    line.reserve(json.size() + 1);
+    for (const QChar character : json) {
+        switch (character.category()) {
+        case QChar::Other_Control:
+        case QChar::Other_Format:
+        case QChar::Separator_Line:
+        case QChar::Separator_Paragraph:
+            // Only inside texts: a line of compact JSON has none elsewhere.
+            line += QStringLiteral("\\u%1").arg(ushort(character.unicode()), c_digits, c_hexadecimal, QLatin1Char('0'));
+            break;
+        default:
+            line += character;
+        }
+    }
+    return line.toUtf8() + '\n';
+}
