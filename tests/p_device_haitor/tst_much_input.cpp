@@ -22,6 +22,7 @@ public:
     bool inOrder = true;
 };
 
+constexpr int c_manyFields = 1000000;
 constexpr int c_chunkSize = 64;
 constexpr int c_chunks = 1024 * 1024 / c_chunkSize;
 
@@ -61,6 +62,23 @@ private Q_SLOTS:
                                  {{QStringLiteral("number"), 1}, {QStringLiteral("frame"), chunk}}));
         QCOMPARE(order.results, lines);
         QVERIFY(order.inOrder);
+    }
+
+    void ofAResultLineOfAMillionFieldsSevenAreRead()
+    {
+        CommandRun<DCmdListen> run;
+        QVERIFY(run.execute());
+        QVERIFY(run.arrive(1, c_result.chopped(2) + QByteArray(",9").repeated(c_manyFields) + "\r\n"));
+        QCOMPARE(recordsOf(run.order), QVector<QVariantMap>{record(1, 0)});
+    }
+
+    void aProgramOfAMillionFieldsIsOneProgram()
+    {
+        CommandRun<DCmdListPrograms> run;
+        QVERIFY(run.execute());
+        QVERIFY(run.arrive(1, "OK\r\nOK:TRQ1" + QByteArray(",TRQ2").repeated(c_manyFields) + "\r\nERR:1\r\n"));
+        const QVariantMap program{{QStringLiteral("TRQ"), QStringLiteral("2")}, {QStringLiteral("progId"), 1}};
+        QCOMPARE(run.property("programList"), QVariant(QVariantList{program}));
     }
 
     void aMebibyteWithoutLineEndInSmallRepliesIsOneLine()
