@@ -149,9 +149,12 @@ void DeviceModel::forgetProblem()
 
 void DeviceModel::freeLine()
 {
-    if (m_state == Idle && m_isOpen) {
-        m_closing = m_workplace->host().createOrder(m_workplace->driver(), c_closeCommand);
-        m_closing->start();
+    Workplace* open = workplace();
+    if (m_state == Idle && open != nullptr) {
+        m_closing = open->host().createOrder(open->driver(), c_closeCommand);
+        if (m_closing != nullptr) { // a driver without it has nothing to close
+            m_closing->start();
+        }
     }
 }
 
