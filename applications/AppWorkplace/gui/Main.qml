@@ -111,6 +111,7 @@ Window {
                 id: loader
 
                 readonly property bool isCurrent: window.page.name === modelData.name
+                readonly property var device: workplace.current
 
                 anchors.fill: parent
                 focus: isCurrent
@@ -123,15 +124,13 @@ Window {
                     }
                 }
 
+                onDeviceChanged: {
+                    if (item) {
+                        item.device = device
+                    }
+                }
                 onIsCurrentChanged: load()
                 Component.onCompleted: load()
-
-                Binding {
-                    target: loader.item
-                    property: "device"
-                    value: workplace.current
-                    when: loader.item !== null
-                }
             }
         }
     }
