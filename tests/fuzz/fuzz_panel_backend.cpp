@@ -123,7 +123,7 @@ void fuzz::panel_backend(const QByteArray& bytes)
             Workbench::turn();
             break;
         case 10:
-            bench.clock.advance(100 * input.number(0, 200));
+            bench.clock.advance(qint64{100} * input.number(0, 200));
             break;
         default:
             FUZZ_CHECK(backend.getChannelAt(-1).isNull());
