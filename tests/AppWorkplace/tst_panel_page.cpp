@@ -18,7 +18,7 @@ const QString c_plainPlugin = QStringLiteral("{00000000-0000-0000-0000-000000000
 const QString c_programInput = QStringLiteral(
     "maintenance_panel_device_haitor.idColumn.idRowCommandMain.idRowSetProgram.idValueRectangleSetProgram.idValue");
 
-const QByteArray c_page = R"(
+constexpr char c_page[] = R"(
 import QtQuick 2.15
 import "pages"
 import "widgets"

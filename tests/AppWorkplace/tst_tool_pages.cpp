@@ -17,7 +17,7 @@ namespace {
 
 const QString c_entry = QStringLiteral("entry");
 
-const QByteArray c_page = R"(
+constexpr char c_page[] = R"(
 import QtQuick 2.15
 import "pages"
 import "widgets"

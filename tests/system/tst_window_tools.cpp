@@ -14,7 +14,7 @@
 
 namespace {
 
-const QByteArray c_page = R"(
+constexpr char c_page[] = R"(
 import QtQuick 2.15
 import "pages"
 import "widgets"

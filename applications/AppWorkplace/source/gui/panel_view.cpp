@@ -73,20 +73,21 @@ void PanelView::load()
     QQmlComponent component(engine);
     component.setData(document->qml(), document->url());
     m_context = std::make_unique<QQmlContext>(engine);
-    std::unique_ptr<QObject> root(component.create(m_context.get()));
+    QObject* root = component.create(m_context.get());
     if (root == nullptr) {
         fail(tr("the maintenance panel of this device cannot be shown"), told(component.errors()),
              tr("mend the panel's document in the plugin %1").arg(m_pluginUuid));
         return;
     }
-    m_panel.reset(qobject_cast<QQuickItem*>(root.get()));
+    m_panel.reset(qobject_cast<QQuickItem*>(root));
     if (m_panel == nullptr) {
+        const std::unique_ptr<QObject> unwanted(root);
         fail(tr("the maintenance panel of this device cannot be shown"),
-             tr("its root is a %1, which is nothing to be shown").arg(QLatin1String(root->metaObject()->className())),
+             tr("its root is a %1, which is nothing to be shown")
+                 .arg(QLatin1String(unwanted->metaObject()->className())),
              tr("mend the panel's document in the plugin %1").arg(m_pluginUuid));
         return;
     }
-    root.release(); // it is m_panel
     m_panel->setParentItem(this);
     m_panel->setSize(size());
     const bool wasInSight = isVisible();
