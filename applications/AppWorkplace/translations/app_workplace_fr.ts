@@ -554,7 +554,7 @@ Options de toutes les commandes :
     </message>
     <message>
         <source>not connected</source>
-        <translation>non connecté</translation>
+        <translation>non connectée</translation>
     </message>
     <message>
         <source>scanning</source>
@@ -566,7 +566,7 @@ Options de toutes les commandes :
     </message>
     <message>
         <source>connected</source>
-        <translation>connecté</translation>
+        <translation>connectée</translation>
     </message>
     <message>
         <source>restoring</source>

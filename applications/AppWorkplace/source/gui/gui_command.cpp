@@ -4,6 +4,7 @@
 
 #include "../cli/number_options.h"
 #include "../services/device_settings.h"
+#include "small_picture.h"
 #include "window_model.h"
 #include "window_view.h"
 
@@ -154,7 +155,7 @@ void GuiCommand::takePicture()
 {
     m_view->picture([this](const QImage& image) {
         constexpr int c_smallest = 0; // the file's size, at the cost of time
-        if (!image.save(m_order.screenshot, "PNG", c_smallest)) {
+        if (!smallPicture(image).save(m_order.screenshot, "PNG", c_smallest)) {
             tell({Problem::Kind::SetUp,
                   QStringLiteral("gui"),
                   tr("the picture cannot be written to %1").arg(m_order.screenshot),
