@@ -1,8 +1,11 @@
-#include <QtTest>
-
+#include <QCoreApplication>
 #include <QDir>
+#include <QFile>
+#include <QMap>
+#include <QStringList>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
+#include <QTest>
 
 #include "cli/all_commands.h"
 #include "cli/command_line.h"

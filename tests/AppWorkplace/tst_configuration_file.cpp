@@ -1,7 +1,9 @@
-#include <QtTest>
-
+#include <QFile>
 #include <QJsonArray>
+#include <QJsonObject>
+#include <QStringList>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include "services/configuration_file.h"
 

@@ -1,6 +1,9 @@
-#include <QtTest>
-
+#include <QDir>
+#include <QFile>
+#include <QJsonObject>
+#include <QStringList>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include "services/device_store.h"
 

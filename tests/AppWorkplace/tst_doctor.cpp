@@ -1,4 +1,7 @@
-#include <QtTest>
+#include <QJsonValue>
+#include <QStringList>
+#include <QTest>
+#include <QVector>
 
 #include "doctor_fixture.h"
 

@@ -1,4 +1,6 @@
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
+#include <QVariant>
 
 #include "services/heard_wrenches.h"
 #include "services/verdict.h"

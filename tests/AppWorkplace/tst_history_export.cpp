@@ -1,9 +1,13 @@
-#include <QtTest>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QStringList>
+#include <QTest>
+#include <QVariant>
 
 #include <limits>
-
-#include <QCommandLineParser>
-#include <QJsonDocument>
 
 #include "cli/time_option.h"
 #include "history/history_export.h"

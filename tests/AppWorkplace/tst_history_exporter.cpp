@@ -1,4 +1,9 @@
-#include <QtTest>
+#include <QDir>
+#include <QFile>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QVector>
 
 #include "gui/history_exporter.h"
 #include "history/history_format.h"

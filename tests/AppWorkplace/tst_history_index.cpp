@@ -1,4 +1,7 @@
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
+#include <QVariant>
+#include <QVector>
 
 #include "history/history_index.h"
 #include "history_fixture.h"

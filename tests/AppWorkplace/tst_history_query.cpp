@@ -1,4 +1,6 @@
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
+#include <QVector>
 
 #include "history_fixture.h"
 

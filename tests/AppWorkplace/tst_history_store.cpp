@@ -1,4 +1,11 @@
-#include <QtTest>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QVariant>
+#include <QVector>
 
 #include <csignal>
 #include <cstring>

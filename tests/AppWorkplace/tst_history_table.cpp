@@ -1,6 +1,11 @@
-#include <QtTest>
-
 #include <QAbstractItemModelTester>
+#include <QFile>
+#include <QLocale>
+#include <QSignalSpy>
+#include <QStringList>
+#include <QTest>
+#include <QVariant>
+#include <QVector>
 
 #include "gui/history_table.h"
 #include "history/history_format.h"

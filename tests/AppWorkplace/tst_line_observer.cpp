@@ -1,4 +1,7 @@
-#include <QtTest>
+#include <QCoreApplication>
+#include <QStringList>
+#include <QTest>
+#include <QUuid>
 
 #include "manual_clock.h"
 #include "scripted_plugin.h"

@@ -1,6 +1,8 @@
-#include <QtTest>
-
 #include <QJsonArray>
+#include <QJsonObject>
+#include <QStringList>
+#include <QTest>
+#include <QVariant>
 
 #include "cli/parameters.h"
 

@@ -1,7 +1,9 @@
-#include <QtTest>
-
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QJsonObject>
+#include <QStringList>
+#include <QTest>
+#include <QVector>
 
 #include "history/result_recorder.h"
 #include "history_fixture.h"

@@ -1,4 +1,7 @@
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
+#include <QUuid>
+#include <QVector>
 
 #include "session_fixture.h"
 

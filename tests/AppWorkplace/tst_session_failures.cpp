@@ -1,4 +1,6 @@
-#include <QtTest>
+#include <QMap>
+#include <QStringList>
+#include <QTest>
 
 #include "session_fixture.h"
 

@@ -1,4 +1,7 @@
-#include <QtTest>
+#include <QMap>
+#include <QStringList>
+#include <QTest>
+#include <QVariant>
 
 #include <functional>
 

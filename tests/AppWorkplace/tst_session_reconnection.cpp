@@ -1,7 +1,9 @@
-#include <QtTest>
-
 #include <QFile>
+#include <QStringList>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QVariant>
+#include <QVector>
 
 #include <functional>
 

@@ -1,7 +1,8 @@
-#include <QtTest>
-
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
+#include <QStringList>
+#include <QTest>
 
 #include <cstdio>
 #include <memory>

@@ -1,4 +1,7 @@
-#include <QtTest>
+#include <QDateTime>
+#include <QStringList>
+#include <QTest>
+#include <QVector>
 
 #include "session_fixture.h"
 

@@ -1,6 +1,6 @@
-#include <QtTest>
-
+#include <QCoreApplication>
 #include <QLocale>
+#include <QTest>
 
 #include "services/language.h"
 #include "services/problem.h"

@@ -1,6 +1,7 @@
-#include <QtTest>
-
 #include <QJsonDocument>
+#include <QJsonObject>
+#include <QRegularExpression>
+#include <QTest>
 
 #include <cstdio>
 #include <cstdlib>

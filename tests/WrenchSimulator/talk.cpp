@@ -1,6 +1,7 @@
 #include "talk.h"
 
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
 
 namespace {
 constexpr qint64 c_usPerMs = 1000;

@@ -1,7 +1,8 @@
 #include "console.h"
 #include "talk.h"
 
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
 
 namespace {
 class NotedLine : public LineSwitch

@@ -1,6 +1,8 @@
 #include "talk.h"
 
-#include <QtTest>
+#include <QSet>
+#include <QTest>
+#include <QVector>
 
 namespace {
 constexpr const char* c_linked = R"(

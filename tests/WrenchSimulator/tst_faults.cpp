@@ -1,7 +1,8 @@
 #include "fault_injector.h"
 #include "talk.h"
 
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
 
 namespace {
 constexpr const char* c_linked = R"(

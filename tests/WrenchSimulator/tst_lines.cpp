@@ -1,7 +1,8 @@
 #include "line_cutter.h"
 #include "output_queue.h"
 
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
 
 class TestLines : public QObject
 {

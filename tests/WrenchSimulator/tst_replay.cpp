@@ -1,8 +1,10 @@
 #include "replayer.h"
 #include "trace_reader.h"
 
+#include <QFile>
+#include <QStringList>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 namespace {
 constexpr qint64 c_usPerMs = 1000;

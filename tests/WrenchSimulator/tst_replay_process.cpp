@@ -1,8 +1,9 @@
 #include "simulator_process.h"
 
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 #include <csignal>
 

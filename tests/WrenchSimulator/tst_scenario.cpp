@@ -2,8 +2,10 @@
 #include "options.h"
 #include "scenario_reader.h"
 
+#include <QFile>
+#include <QStringList>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 namespace {
 std::optional<Scenario> read(const QByteArray& text, QString* error)

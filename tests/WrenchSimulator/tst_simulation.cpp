@@ -1,7 +1,8 @@
 #include "scenario_reader.h"
 #include "simulated_talk.h"
 
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
 
 namespace {
 Scenario scenario(const QByteArray& text)

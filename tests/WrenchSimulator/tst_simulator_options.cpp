@@ -1,6 +1,6 @@
 #include "options.h"
 
-#include <QtTest>
+#include <QTest>
 
 class TestSimulatorOptions : public QObject
 {

@@ -3,7 +3,8 @@
 
 #include <QDir>
 #include <QRegularExpression>
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
 
 #include <algorithm>
 #include <functional>

@@ -3,8 +3,11 @@
 #include "tightening.h"
 #include "wrench.h"
 
+#include <QFile>
+#include <QSet>
+#include <QStringList>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 namespace {
 constexpr qint64 c_tighteningUs = 100;

@@ -1,4 +1,5 @@
-#include <QtTest>
+#include <QTest>
+#include <QVector>
 
 #include "driver_fixture.h"
 #include "serial_line.h"

@@ -1,4 +1,8 @@
-#include <QtTest>
+#include <QMap>
+#include <QRegularExpression>
+#include <QTest>
+#include <QVariant>
+#include <QVector>
 
 #include <functional>
 #include <limits>

@@ -1,6 +1,10 @@
-#include <QtTest>
-
+#include <QFile>
+#include <QMap>
+#include <QRegularExpression>
+#include <QStringList>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QVariant>
 
 #include "driver_fixture.h"
 

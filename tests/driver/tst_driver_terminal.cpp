@@ -1,7 +1,9 @@
-#include <QtTest>
-
 #include <QFile>
+#include <QSignalSpy>
+#include <QSysInfo>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QVector>
 
 #include <csignal>
 #include <fcntl.h>

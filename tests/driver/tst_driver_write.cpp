@@ -1,4 +1,6 @@
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
+#include <QVariant>
 
 #include "driver_fixture.h"
 #include "serial_line.h"

@@ -1,4 +1,4 @@
-#include <QtTest>
+#include <QTest>
 
 #include "driver_fixture.h"
 #include "line_bound.h"

@@ -1,4 +1,6 @@
-#include <QtTest>
+#include <QTest>
+#include <QVariant>
+#include <QVector>
 
 #include "driver_fixture.h"
 #include "serial_line.h"

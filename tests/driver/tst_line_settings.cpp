@@ -1,6 +1,6 @@
-#include <QtTest>
-
 #include <QJsonObject>
+#include <QJsonValue>
+#include <QTest>
 
 #include "line_settings.h"
 

@@ -1,6 +1,8 @@
-#include <QtTest>
-
+#include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QVariant>
 
 #include <cstdio>
 #include <unistd.h>

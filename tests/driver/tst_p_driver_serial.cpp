@@ -1,7 +1,12 @@
-#include <QtTest>
-
 #include <QJsonArray>
+#include <QJsonObject>
+#include <QJsonValue>
 #include <QPluginLoader>
+#include <QSignalSpy>
+#include <QStringList>
+#include <QTest>
+#include <QUuid>
+#include <QVariant>
 
 #include "driver_fixture.h"
 

@@ -1,9 +1,11 @@
 #include "fault_matrix.h"
 #include "trial_run.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QLoggingCategory>
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
 
 namespace {
 

@@ -5,8 +5,12 @@
 #include "workplace_run.h"
 
 #include <QFile>
+#include <QJsonObject>
 #include <QRegularExpression>
-#include <QtTest>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QVector>
 
 #include <map>
 #include <memory>

@@ -5,8 +5,11 @@
 
 #include "services/session.h"
 
+#include <QCoreApplication>
 #include <QLoggingCategory>
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
+#include <QVector>
 
 #include <deque>
 

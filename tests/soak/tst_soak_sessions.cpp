@@ -4,8 +4,12 @@
 #include "simulated_workplace.h"
 #include "weather.h"
 
+#include <QCoreApplication>
+#include <QJsonObject>
 #include <QLoggingCategory>
-#include <QtTest>
+#include <QMap>
+#include <QStringList>
+#include <QTest>
 
 #include <algorithm>
 

@@ -1,7 +1,9 @@
-#include <QtTest>
-
 #include <QDir>
 #include <QFile>
+#include <QJsonObject>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
 
 #include "workplace_run.h"
 

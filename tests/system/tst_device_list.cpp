@@ -1,8 +1,12 @@
-#include <QtTest>
-
 #include <QAbstractItemModelTester>
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QMap>
 #include <QSet>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
 
 #include "device_bench.h"
 #include "gui/device_list.h"

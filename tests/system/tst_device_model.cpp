@@ -1,4 +1,8 @@
-#include <QtTest>
+#include <QFile>
+#include <QStringList>
+#include <QTest>
+#include <QUuid>
+#include <QVector>
 
 #include "device_bench.h"
 #include "processes.h"

@@ -1,4 +1,6 @@
-#include <QtTest>
+#include <QJsonObject>
+#include <QStringList>
+#include <QTest>
 
 #include <csignal>
 

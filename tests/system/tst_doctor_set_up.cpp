@@ -1,8 +1,9 @@
-#include <QtTest>
-
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QStringList>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <grp.h>
 #include <sys/stat.h>

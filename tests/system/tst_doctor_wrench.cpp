@@ -1,4 +1,5 @@
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
 
 #include "doctor_run.h"
 #include "scripted_line.h"

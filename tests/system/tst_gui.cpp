@@ -1,6 +1,7 @@
-#include <QtTest>
-
 #include <QImage>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
 
 #include "program_run.h"
 #include "workplace_run.h"

@@ -1,7 +1,10 @@
-#include <QtTest>
-
+#include <QHash>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QRandomGenerator>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
 
 #include <csignal>
 

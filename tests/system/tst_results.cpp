@@ -1,7 +1,9 @@
-#include <QtTest>
-
 #include <QFile>
 #include <QJsonDocument>
+#include <QJsonObject>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
 
 #include <csignal>
 #include <sys/resource.h>

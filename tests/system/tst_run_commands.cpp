@@ -1,8 +1,12 @@
-#include <QtTest>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
 
 #include <csignal>
-
-#include <QJsonArray>
 
 #include "simulator_run.h"
 #include "workplace_run.h"

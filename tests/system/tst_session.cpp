@@ -1,7 +1,10 @@
-#include <QtTest>
-
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
+#include <QJsonObject>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QTest>
 
 #include "processes.h"
 #include "simulator_run.h"

@@ -1,6 +1,8 @@
-#include <QtTest>
-
 #include <QJsonArray>
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QStringList>
+#include <QTest>
 
 #include "simulator_run.h"
 #include "workplace_run.h"

@@ -1,4 +1,5 @@
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
 
 #include <csignal>
 

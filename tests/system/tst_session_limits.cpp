@@ -1,4 +1,6 @@
-#include <QtTest>
+#include <QJsonObject>
+#include <QStringList>
+#include <QTest>
 
 #include "simulator_run.h"
 #include "workplace_run.h"

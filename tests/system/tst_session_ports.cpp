@@ -1,7 +1,7 @@
-#include <QtTest>
-
 #include <QFile>
+#include <QStringList>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <csignal>
 #include <unistd.h>

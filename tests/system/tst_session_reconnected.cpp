@@ -1,6 +1,8 @@
-#include <QtTest>
-
+#include <QDateTime>
 #include <QJsonArray>
+#include <QJsonObject>
+#include <QStringList>
+#include <QTest>
 
 #include <csignal>
 

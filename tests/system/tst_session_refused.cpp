@@ -1,4 +1,5 @@
-#include <QtTest>
+#include <QStringList>
+#include <QTest>
 
 #include "session_steps.h"
 #include "simulator_run.h"

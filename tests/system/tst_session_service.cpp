@@ -1,8 +1,10 @@
-#include <QtTest>
-
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QJsonObject>
+#include <QStringList>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <csignal>
 #include <cstring>

@@ -1,4 +1,5 @@
-#include <QtTest>
+#include <QJsonObject>
+#include <QTest>
 
 #include <csignal>
 

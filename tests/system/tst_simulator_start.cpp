@@ -1,7 +1,7 @@
-#include <QtTest>
-
 #include <QDir>
 #include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
 
 #include <csignal>
 

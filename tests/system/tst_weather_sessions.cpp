@@ -1,6 +1,8 @@
-#include <QtTest>
-
 #include <QDir>
+#include <QFile>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
 
 #include <map>
 #include <memory>

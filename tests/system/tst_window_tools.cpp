@@ -1,8 +1,10 @@
-#include <QtTest>
-
 #include <QGuiApplication>
 #include <QQmlContext>
 #include <QQmlEngine>
+#include <QSignalSpy>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
 
 #include "gui/device_model.h"
 #include "gui/doctor_table.h"
