@@ -1,13 +1,12 @@
 #include "device_model.h"
 
-#include <QLocale>
-
 #include <lib_plugins_management/d_abstract_plugin.h>
 
 #include <cmath>
 #include <utility>
 
 #include "../history/history_note.h"
+#include "device_texts.h"
 #include "panel_document.h"
 #include "wrench_entries.h"
 
@@ -16,7 +15,6 @@ namespace {
 const QString c_listenCommand = QStringLiteral("listenEventsData");
 const QString c_closeCommand = QStringLiteral("closeConnection"); // of the driver
 const QString c_progId = QStringLiteral("progId");
-constexpr double c_millisecondsPerSecond = 1000;
 
 Problem noPlugin(const QString& command)
 {
@@ -45,8 +43,11 @@ DeviceModel::DeviceModel(const Settings& settings, std::shared_ptr<SharedHistory
     , m_serialId(settings.wrench())
     , m_trace(Workplace::dataFolder(settings) + QStringLiteral("/traces"))
 {
-    connect(this, &DeviceModel::workplaceChanged, &m_trace, [this] {
-        m_trace.setLine(m_isOpen ? &m_workplace->host() : nullptr, m_isOpen ? &m_workplace->driver() : nullptr);
+    connect(&m_workplace, &DeviceWorkplace::sigFailed, this, &DeviceModel::workplaceFailed);
+    connect(&m_workplace, &DeviceWorkplace::sigChanged, this, [this] {
+        Workplace* open = m_workplace.get();
+        m_trace.setLine(open != nullptr ? &open->host() : nullptr, open != nullptr ? &open->driver() : nullptr);
+        Q_EMIT workplaceChanged();
     });
 }
 
@@ -90,7 +91,7 @@ void DeviceModel::work(const QString& serialId)
         return;
     }
     if (serialId != m_serialId && !isSimulated()) {
-        closeWorkplace(); // what is kept of a device is kept by its number
+        m_workplace.close(); // what is kept of a device is kept by its number
     }
     setSerialId(serialId);
     m_step = Session::Step::Open;
@@ -108,7 +109,7 @@ void DeviceModel::stop()
         setState(Ending);
         m_session->session().interrupt();
     } else if (m_state != Idle) { // the workplace is still being opened
-        closeWorkplace();
+        m_workplace.close();
         setState(Idle);
     }
 }
@@ -154,9 +155,12 @@ void DeviceModel::forgetProblem()
 
 void DeviceModel::freeLine()
 {
-    if (m_state == Idle && m_isOpen) {
-        m_closing = m_workplace->host().createOrder(m_workplace->driver(), c_closeCommand);
-        m_closing->start();
+    Workplace* open = workplace();
+    if (m_state == Idle && open != nullptr) {
+        m_closing = open->host().createOrder(open->driver(), c_closeCommand);
+        if (m_closing != nullptr) { // a driver without it has nothing to close
+            m_closing->start();
+        }
     }
 }
 
@@ -178,30 +182,13 @@ void DeviceModel::setLanguage(const QString& language)
 
 void DeviceModel::openThen(std::function<void()> then)
 {
-    if (m_isOpen) {
-        then();
-        return;
-    }
     Settings settings = m_settings;
     settings.serialId = m_serialId.isEmpty() ? m_settings.serialId : m_serialId;
-    m_workplace = std::make_unique<Workplace>(settings);
-    m_whenOpen = std::move(then);
-    if (const std::optional<Problem> problem = m_workplace->loadPlugins()) {
-        workplaceFailed(*problem);
-        return;
-    }
-    connect(m_workplace.get(), &Workplace::sigOpened, this, [this] {
-        m_isOpen = true;
-        Q_EMIT workplaceChanged();
-        std::exchange(m_whenOpen, {})();
-    });
-    connect(m_workplace.get(), &Workplace::sigFailed, this, &DeviceModel::workplaceFailed);
-    m_workplace->open();
+    m_workplace.openThen(settings, std::move(then));
 }
 
 void DeviceModel::workplaceFailed(const Problem& problem)
 {
-    m_isBroken = true;
     if (m_session != nullptr) {
         m_session->session().fail(problem);
         return;
@@ -209,57 +196,35 @@ void DeviceModel::workplaceFailed(const Problem& problem)
     tell(problem);
     if (m_scan != nullptr) {
         stop();
-        return;
+    } else {
+        comeToRest();
     }
-    comeToRest();
-}
-
-void DeviceModel::closeWorkplace()
-{
-    m_isOpen = false;
-    m_isBroken = false;
-    m_whenOpen = {};
-    if (m_workplace != nullptr) {
-        m_workplace->disconnect(this);
-        dismiss(m_workplace);
-        Q_EMIT workplaceChanged();
-    }
-}
-
-Workplace* DeviceModel::workplace() const
-{
-    return m_isOpen ? m_workplace.get() : nullptr;
-}
-
-LinkedDevice DeviceModel::wrench(const DAbstractPlugin& root) const
-{
-    return {m_workplace->host(), m_workplace->clock(), *m_workplace->instanceOf(root), m_workplace->driver(),
-            m_workplace->portInUse()};
 }
 
 QString DeviceModel::pluginUuid() const
 {
-    const DAbstractPlugin* root = m_isOpen ? m_workplace->rootWith(c_listenCommand, Workplace::Role::Device) : nullptr;
-    return root == nullptr ? QString() : root->pluginUuid().toString();
+    const std::optional<LinkedDevice> wrench = m_workplace.deviceWith(c_listenCommand);
+    return wrench ? wrench->device.pluginUuid().toString() : QString();
 }
 
 QString DeviceModel::objectId() const
 {
-    const DAbstractPlugin* root = m_isOpen ? m_workplace->rootWith(c_listenCommand, Workplace::Role::Device) : nullptr;
-    return root == nullptr ? QString() : m_workplace->instanceOf(*root)->objectUuid().toString();
+    const std::optional<LinkedDevice> wrench = m_workplace.deviceWith(c_listenCommand);
+    return wrench ? wrench->device.objectUuid().toString() : QString();
 }
 
 QVariantList DeviceModel::panels() const
 {
     QVariantList panels;
+    const Workplace* open = workplace();
     const QList<const DAbstractPlugin*> roots =
-        m_isOpen ? m_workplace->rootsOf(Workplace::Role::Device) : QList<const DAbstractPlugin*>();
+        open != nullptr ? open->rootsOf(Workplace::Role::Device) : QList<const DAbstractPlugin*>();
     const QString wrenchUuid = pluginUuid();
     for (const DAbstractPlugin* root : roots) {
         const QString uuid = root->pluginUuid().toString();
         const QVariantMap panel{{QStringLiteral("plugin"), QString::fromUtf8(root->pluginName())},
                                 {QStringLiteral("pluginUuid"), uuid},
-                                {QStringLiteral("objectId"), m_workplace->instanceOf(*root)->objectUuid().toString()}};
+                                {QStringLiteral("objectId"), open->instanceOf(*root)->objectUuid().toString()}};
         if (uuid == wrenchUuid) {
             panels.prepend(panel); // also without a panel: then the page says so
         } else if (PanelDocument::ofPlugin(uuid, {})) {
@@ -273,13 +238,13 @@ QVariantList DeviceModel::panels() const
 
 void DeviceModel::startScan()
 {
-    const DAbstractPlugin* root = m_workplace->rootWith(WrenchScan::commandName(), Workplace::Role::Device);
-    if (root == nullptr) {
+    const std::optional<LinkedDevice> dongle = m_workplace.deviceWith(WrenchScan::commandName());
+    if (!dongle) {
         tell(noPlugin(WrenchScan::commandName()));
         comeToRest();
         return;
     }
-    m_scan = std::make_unique<WrenchScan>(wrench(*root));
+    m_scan = std::make_unique<WrenchScan>(*dongle);
     connect(m_scan.get(), &WrenchScan::sigHeard, this, &DeviceModel::setWrenches);
     connect(m_scan.get(), &WrenchScan::sigFinished, this, &DeviceModel::scanEnded);
     m_scan->start();
@@ -303,13 +268,13 @@ void DeviceModel::scanEnded()
 
 void DeviceModel::startSession()
 {
-    const DAbstractPlugin* root = m_workplace->rootWith(c_listenCommand, Workplace::Role::Device);
+    const std::optional<LinkedDevice> wrench = m_workplace.deviceWith(c_listenCommand);
     std::optional<Problem> problem;
-    if (root == nullptr) {
+    if (!wrench) {
         problem = noPlugin(c_listenCommand);
     } else {
         m_recording = std::make_unique<Recording>(m_settings, m_history);
-        problem = m_recording->open(m_serialId, QLatin1String(root->pluginName()));
+        problem = m_recording->open(m_serialId, QLatin1String(wrench->device.pluginName()));
     }
     if (problem) {
         m_recording.reset();
@@ -319,7 +284,7 @@ void DeviceModel::startSession()
     }
     SessionOrder order;
     order.serialId = m_serialId;
-    m_session = std::make_unique<RecordedSession>(wrench(*root), order, m_recording->recorder());
+    m_session = std::make_unique<RecordedSession>(*wrench, order, m_recording->recorder());
     m_good = 0;
     m_notGood = 0;
     Q_EMIT resultChanged();
@@ -428,50 +393,13 @@ QString DeviceModel::stateText() const
     case Scanning:
         return tr("looking for wrenches in range");
     case Starting:
-        return startingText();
+        return device_texts::starting(m_step, m_serialId);
     case Working:
         return tr("ready: results are taken");
     case Restoring:
-        return linkText();
+        return device_texts::lostLink(m_link);
     case Ending:
         return tr("ending: the dongle hangs up");
-    }
-    Q_UNREACHABLE();
-}
-
-QString DeviceModel::startingText() const
-{
-    switch (m_step) {
-    case Session::Step::Open:
-        return tr("opening the line");
-    case Session::Step::Connect:
-        return tr("looking for the wrench %1, and connecting").arg(m_serialId);
-    case Session::Step::Configure:
-        return tr("configuring the wrench");
-    case Session::Step::Programs:
-        return tr("reading the programs");
-    case Session::Step::Select:
-        return tr("selecting the program");
-    case Session::Step::Unlock:
-    case Session::Step::Listen:
-        return tr("unlocking the wrench");
-    }
-    Q_UNREACHABLE();
-}
-
-QString DeviceModel::linkText() const
-{
-    switch (m_link.kind) {
-    case LinkReport::Kind::Waiting:
-        return tr("link lost; attempt %1 in %2 s: %3")
-            .arg(m_link.attempt)
-            .arg(QLocale().toString(m_link.pauseMs / c_millisecondsPerSecond, 'f', 1), m_link.message);
-    case LinkReport::Kind::Restoring:
-        return tr("link lost; attempt %1 to restore it").arg(m_link.attempt);
-    case LinkReport::Kind::Opened:
-    case LinkReport::Kind::Lost:
-    case LinkReport::Kind::Restored:
-        return tr("link lost: %1").arg(m_link.message);
     }
     Q_UNREACHABLE();
 }
@@ -511,9 +439,7 @@ void DeviceModel::setState(State state)
 
 void DeviceModel::comeToRest()
 {
-    if (m_isBroken) {
-        closeWorkplace();
-    }
+    m_workplace.closeIfFailed();
     setState(Idle);
 }
 

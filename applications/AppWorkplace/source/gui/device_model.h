@@ -8,8 +8,8 @@
 
 #include "../history/recorded_session.h"
 #include "../history/recording.h"
-#include "../services/workplace.h"
 #include "../services/wrench_scan.h"
+#include "device_workplace.h"
 #include "recent_results.h"
 #include "trace_table.h"
 
@@ -100,7 +100,7 @@ public:
     QString reference() const { return m_settings.port; }
 
     /// Null while it is not open.
-    Workplace* workplace() const;
+    Workplace* workplace() const { return m_workplace.get(); }
     const Settings& settings() const { return m_settings; }
 
     Q_INVOKABLE void scan();
@@ -142,8 +142,6 @@ Q_SIGNALS:
 private:
     void openThen(std::function<void()> then);
     void workplaceFailed(const Problem& problem);
-    void closeWorkplace();
-    LinkedDevice wrench(const DAbstractPlugin& root) const;
     void startScan();
     void scanEnded();
     void startSession();
@@ -155,8 +153,6 @@ private:
     void takeResult(const QVariantMap& eventData, const HistoryRecord& record);
     void sessionEnded();
 
-    QString startingText() const;
-    QString linkText() const;
     void setState(State state);
     void comeToRest();
     void tellEnd();
@@ -174,10 +170,7 @@ private:
     Session::Step m_step = Session::Step::Open;
     LinkReport m_link;
     Problem m_problem;
-    std::unique_ptr<Workplace> m_workplace;
-    bool m_isOpen = false;
-    bool m_isBroken = false; // its workplace is no longer usable
-    std::function<void()> m_whenOpen;
+    DeviceWorkplace m_workplace;
     std::unique_ptr<WrenchScan> m_scan;
     QString m_workAfterScan; // the wrench; empty: none
     std::unique_ptr<Recording> m_recording;
