@@ -82,7 +82,7 @@ private:
         const QQuickItem* seen = row(number);
         return seen == nullptr ? QString() : seen->property("cells").toList().value(column).toString();
     }
-    static int readingColumn() { return 7; }
+    static int readingColumn() { return 6; }
     double position() const { return list()->property("position").toDouble(); }
     void choose(const QString& name, int index)
     {

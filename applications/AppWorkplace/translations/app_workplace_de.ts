@@ -2179,10 +2179,6 @@ Optionen aller Befehle:
         <translation>Drehmoment</translation>
     </message>
     <message>
-        <source>unit</source>
-        <translation>Einheit</translation>
-    </message>
-    <message>
         <source>direction</source>
         <translation>Richtung</translation>
     </message>

@@ -2179,10 +2179,6 @@ Options de toutes les commandes :
         <translation>couple</translation>
     </message>
     <message>
-        <source>unit</source>
-        <translation>unité</translation>
-    </message>
-    <message>
         <source>direction</source>
         <translation>sens</translation>
     </message>

@@ -12,7 +12,7 @@ UiTableRow {
     Accessible.role: Accessible.Row
 
     Rectangle {
-        readonly property real from: row.columns.length > 5 ? 31 / Style.sumOfWidths(row.columns) : 0
+        readonly property real from: row.columns.length > 4 ? 35 / Style.sumOfWidths(row.columns) : 0
 
         anchors {
             left: parent.left

@@ -12,25 +12,26 @@ FocusScope {
     readonly property bool hasPanel: panel.sourceComponent !== null
 
     // Of a row of the table; the last two are the verdict, as a sign and as a word.
-    readonly property var columns: [
-        { title: qsTr("time"), width: 22 },
-        { title: qsTr("wrench"), width: 9 },
-        { title: qsTr("program"), width: 9, isRight: true },
-        { title: qsTr("torque"), width: 9, isRight: true },
-        { title: qsTr("unit"), width: 7 },
-        { title: qsTr("direction"), width: 9, isRight: true },
-        { title: qsTr("angle (°)"), width: 9, isRight: true },
-        { title: qsTr("reading"), width: 10, isRight: true },
-        { title: qsTr("status"), width: 8 },
+    readonly property var allColumns: [
+        { title: qsTr("time"), width: 25 },
+        { title: qsTr("wrench"), width: 10 },
+        { title: qsTr("program"), width: 12, isRight: true },
+        { title: qsTr("torque"), width: 13, isRight: true },
+        { title: qsTr("direction"), width: 11, isRight: true },
+        { title: qsTr("angle (°)"), width: 11, isRight: true },
+        { title: qsTr("reading"), width: 11, isRight: true },
+        { title: qsTr("status"), width: 9 },
         { title: "", width: 4 },
         { title: qsTr("verdict"), width: 12 }
     ]
-    // While a panel takes a part of the page: time, torque, unit, verdict.
-    readonly property var fewCells: [0, 3, 4, 9, 10]
-    readonly property var shownColumns: hasPanel ? fewCells.map(function (each) { return columns[each] }) : columns
+    // As many of them as there is room for.
+    readonly property var shownCells: hasPanel ? [0, 3, 8, 9]
+                                               : width < 98 * Style.baseHeight ? [0, 1, 2, 3, 5, 6, 8, 9]
+                                                                               : allColumns.map(function (_, i) { return i })
+    readonly property var columns: shownCells.map(function (each) { return allColumns[each] })
 
-    function few(cells) {
-        return cells && cells.length > 2 ? fewCells.map(function (each) { return cells[each] }) : cells || []
+    function shown(cells) {
+        return cells.length > 2 ? shownCells.map(function (each) { return cells[each] }) : cells
     }
 
     function openDetails(row) {
@@ -124,7 +125,7 @@ FocusScope {
 
             anchors.right: parent.right
             anchors.rightMargin: table.width - table.rowWidth + Style.lineWidth
-            columns: page.shownColumns
+            columns: page.columns
             width: table.rowWidth
         }
 
@@ -144,8 +145,8 @@ FocusScope {
             rows: page.history ? page.history.visibleRows : null
 
             delegate: ResultRow {
-                cells: page.hasPanel ? page.few(parent.cells) : parent.cells
-                columns: page.shownColumns
+                cells: page.shown(parent.cells)
+                columns: page.columns
                 isOdd: parent.row % 2 === 1
                 isSelected: parent.isCurrent
                 note: parent.note

@@ -124,6 +124,10 @@ void GuiCommand::start()
         });
         connect(m_view->window(), &QQuickWindow::frameSwapped, this, &GuiCommand::takePictureWhenReady,
                 Qt::QueuedConnection);
+        connect(m_model->history(), &HistoryTable::sigLoaded, this, &GuiCommand::takePictureWhenReady,
+                Qt::QueuedConnection);
+        connect(m_model->history(), &HistoryTable::sigChanged, this, &GuiCommand::takePictureWhenReady,
+                Qt::QueuedConnection);
         // A page may show nothing of that, and draw no frame for it.
         connect(m_model->devices()->at(0), &DeviceModel::resultChanged, this, &GuiCommand::takePictureWhenReady,
                 Qt::QueuedConnection);
@@ -145,7 +149,7 @@ void GuiCommand::takePictureWhenReady()
     const bool isReady =
         !m_order.connects || device->hasProblem() ||
         (device->state() == DeviceModel::Working && device->good() + device->notGood() >= m_order.results);
-    if (isReady && !m_isTakingPicture) {
+    if (isReady && m_model->history()->isAtRest() && !m_isTakingPicture) {
         m_isTakingPicture = true;
         takePicture();
     }

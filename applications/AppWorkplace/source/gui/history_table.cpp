@@ -195,7 +195,10 @@ QVariantList HistoryTable::cells(const HistoryRecord& record)
 {
     QVariantList cells{history_row::arrived(record), record.serialId};
     if (record.kind == HistoryRecord::Kind::Result) {
-        for (const int role : {ProgramRole, TorqueRole, UnitRole, DirectionRole, AngleRole, ReadingRole, StatusRole}) {
+        const QString torque =
+            QStringLiteral("%1 %2").arg(cell(record, TorqueRole).toString(), history_row::unit(record));
+        cells << cell(record, ProgramRole) << torque.trimmed();
+        for (const int role : {DirectionRole, AngleRole, ReadingRole, StatusRole}) {
             cells.append(cell(record, role));
         }
         cells.append(record.isGood);

@@ -63,8 +63,8 @@ public:
         StatusRole,                  ///< "status": those of torque, angle and reading
         GoodRole,                    ///< "isGood"
         NoteRole,                    ///< "note": what a gap or a repeat says
-        CellsRole ///< "cells": arrived to status in this order, isGood and its word, of a gap or a repeat the first
-                  ///< two; a row is shown with one role, for each of them costs
+        CellsRole ///< "cells": arrived, wrench, program, torque with unit, direction, angle, reading, status, isGood
+                  ///< and its word; of a gap or a repeat the first two. A row is shown with one role, for each costs
     };
 
     /// folder: of the history.
@@ -110,6 +110,8 @@ public:
 
     /// Shows everything as the language that is now in effect writes it.
     void retranslate();
+    /// What was asked for has been read.
+    bool isAtRest() const { return !m_isReading && m_asked.isEmpty() && m_wanted.isEmpty(); }
     /// So many pages of rows are in memory.
     int keptPages() const { return m_pages.count(); }
 
