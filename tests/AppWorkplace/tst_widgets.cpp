@@ -10,7 +10,7 @@ namespace {
 
 constexpr double c_touchTarget = 44; // pixels at 96 to the inch
 
-const QByteArray c_widgets = R"(
+constexpr const char* c_widgets = R"(
 import QtQuick 2.15
 import "widgets"
 
@@ -111,7 +111,8 @@ private Q_SLOTS:
     {
         show();
         const QList<QQuickItem*> order = m_scene->tabOrder();
-        for (QQuickItem* item : m_scene->operableItems()) {
+        const QList<QQuickItem*> items = m_scene->operableItems();
+        for (QQuickItem* item : items) {
             QVERIFY2(order.contains(item), qPrintable(item->objectName()));
             const QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(item);
             QVERIFY2(spoken != nullptr && !spoken->text(QAccessible::Name).isEmpty(), qPrintable(item->objectName()));

@@ -274,7 +274,7 @@ private Q_SLOTS:
     void scaleCoversItsValuesWithRoundLines()
     {
         constexpr int c_mostLines = 5;
-        QFETCH(QVector<double>, values);
+        QFETCH(const QVector<double>, values);
         const ChartScale scale(values, c_mostLines);
         for (const double value : values) {
             QVERIFY(!std::isfinite(value) || (scale.share(value) > 0 && scale.share(value) < 1));

@@ -11,7 +11,12 @@ namespace {
 
 constexpr int c_fewEvents = 300;
 constexpr int c_mostGrowthKb = 60000; // after the first quarter, in which caches fill
-QStringList g_complaints;
+
+QStringList& complaintsSoFar()
+{
+    static QStringList complaints;
+    return complaints;
+}
 
 /// What the scene or the engine complains of; what the plugins say of a bad line is their business.
 void takeComplaint(QtMsgType type, const QMessageLogContext& context, const QString& message)
@@ -19,7 +24,7 @@ void takeComplaint(QtMsgType type, const QMessageLogContext& context, const QStr
     const QByteArray category = context.category;
     if (type != QtDebugMsg && type != QtInfoMsg &&
         (category == "qml" || category.startsWith("qt.") || message.contains(QLatin1String("qrc:")))) {
-        g_complaints.append(message);
+        complaintsSoFar().append(message);
     }
 }
 
@@ -93,7 +98,7 @@ private Q_SLOTS:
         }
         const int growthKb = residentKb() - memoryKb;
         qInstallMessageHandler(nullptr);
-        const QStringList complaints = g_complaints + bench.warnings();
+        const QStringList complaints = complaintsSoFar() + bench.warnings();
         QVERIFY2(complaints.isEmpty(), qPrintable(complaints.join(QLatin1Char('\n'))));
         QVERIFY2(growthKb < c_mostGrowthKb, qPrintable(QString::number(growthKb)));
         qInfo("%d events, seed %u: memory grew by %d KiB", events, seed, growthKb);

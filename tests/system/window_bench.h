@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QQmlError>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -32,7 +33,7 @@ public:
         order.page = QStringLiteral("connect");
         m_model = std::make_unique<WindowModel>(order);
         m_view = std::make_unique<WindowView>(*m_model);
-        QObject::connect(&m_view->engine(), &QQmlEngine::warnings, [this](const QList<QQmlError>& warnings) {
+        QObject::connect(&m_view->engine(), &QQmlEngine::warnings, &m_scene, [this](const QList<QQmlError>& warnings) {
             for (const QQmlError& warning : warnings) {
                 m_warnings.append(warning.toString());
             }
@@ -89,10 +90,9 @@ public:
     /// Closes it as the person at the window does. False: it did not end.
     bool close()
     {
-        bool hasEnded = false;
-        QObject::connect(m_model.get(), &WindowModel::sigEnded, [&] { hasEnded = true; });
+        const QSignalSpy ended(m_model.get(), &WindowModel::sigEnded);
         m_view->window()->close();
-        return QTest::qWaitFor([&] { return hasEnded; }, 30000);
+        return QTest::qWaitFor([&ended] { return !ended.isEmpty(); }, 30000);
     }
 
 private:

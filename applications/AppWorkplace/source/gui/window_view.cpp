@@ -21,16 +21,15 @@ WindowView::~WindowView() = default;
 bool WindowView::show(const QSize& size)
 {
     QQmlComponent component(&m_engine, QUrl(QStringLiteral("qrc:/applications/AppWorkplace/gui/Main.qml")));
-    std::unique_ptr<QObject> made(component.createWithInitialProperties({{QStringLiteral("width"), size.width()},
-                                                                         {QStringLiteral("height"), size.height()},
-                                                                         {QStringLiteral("visible"), true}}));
-    auto* window = qobject_cast<QQuickWindow*>(made.get());
-    if (window == nullptr) {
+    QObject* made = component.createWithInitialProperties({{QStringLiteral("width"), size.width()},
+                                                           {QStringLiteral("height"), size.height()},
+                                                           {QStringLiteral("visible"), true}});
+    m_window.reset(qobject_cast<QQuickWindow*>(made));
+    if (m_window == nullptr) {
+        delete made;
         qCritical("%s", qPrintable(component.errorString()));
         return false;
     }
-    made.release(); // it is the window
-    m_window.reset(window);
     return true;
 }
 
