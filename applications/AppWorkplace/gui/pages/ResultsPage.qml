@@ -117,14 +117,17 @@ FocusScope {
                 margins: Style.lineWidth
             }
             color: header.color
-            height: header.height - Style.lineWidth
+            height: header.height
         }
 
         UiTableHeader {
             id: header
 
-            anchors.right: parent.right
-            anchors.rightMargin: table.width - table.rowWidth + Style.lineWidth
+            anchors {
+                left: parent.left
+                top: parent.top
+                margins: Style.lineWidth
+            }
             columns: page.columns
             width: table.rowWidth
         }
@@ -137,7 +140,7 @@ FocusScope {
             anchors {
                 fill: parent
                 margins: Style.lineWidth
-                topMargin: header.height
+                topMargin: header.height + Style.lineWidth
             }
             description: qsTr("Results")
             focus: true

@@ -78,11 +78,13 @@ FocusScope {
         }
 
         UiField {
+            readonly property real room: tools.width - buttons.width - tools.spacing
+
             caption: qsTr("Only with this text")
             objectName: page.objectName + ".idFilter"
             text: page.trace !== null ? page.trace.filterText : ""
-            width: Math.max(18 * Style.baseHeight,
-                            Math.min(40 * Style.baseHeight, tools.width - buttons.width - tools.spacing))
+            // Beside the buttons, or a row of its own.
+            width: room >= 18 * Style.baseHeight ? Math.min(40 * Style.baseHeight, room) : tools.width
             onTextEdited: page.trace.filterText = text
         }
     }

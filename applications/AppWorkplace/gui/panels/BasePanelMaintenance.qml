@@ -69,6 +69,8 @@ FocusScope {
             item.palette = Qt.binding(function () { return look.palette })
             item.Accessible.role = Accessible.Button
             item.Accessible.name = Qt.binding(function () { return item.text })
+        } else if (item instanceof Text && item.fontSizeMode !== Text.FixedSize) {
+            item.font.pixelSize = Qt.binding(function () { return Style.fontText.pixelSize }) // from which it shrinks
         }
         for (let i = 0; i < item.children.length; ++i) {
             prepare(item.children[i])
