@@ -18,6 +18,7 @@ private Q_SLOTS:
     void givesTwoNumbersToTheEarlyAnswerAndTheNext();
     void givesNothingOlderThanTheNextFrame();
     void givesNothingWhenTheTimeIsOver();
+    void givesItWhenTheListenerCameLateBecauseTheEventLoopWasHeldUp();
     void givesNothingToWhoStopsBeforeItsTurn();
 };
 
@@ -115,6 +116,18 @@ void TestDriverHandOver::givesNothingWhenTheTimeIsOver()
     const Run listener = driver.listen();
     driver.clock->advance(0);
     QCOMPARE(heard(listener), QByteArray());
+}
+
+void TestDriverHandOver::givesItWhenTheListenerCameLateBecauseTheEventLoopWasHeldUp()
+{
+    const DriverFixture driver;
+    const Run other = driver.listen();
+    writeAndArrive(driver, "ERR:2\r\n");
+    driver.clock->holdUp(3 * SerialLine::c_handOverMs);
+    driver.clock->advance(0);
+    const Run listener = driver.listen();
+    driver.clock->advance(0);
+    QCOMPARE(heard(listener), QByteArray("ERR:2\r\n"));
 }
 
 void TestDriverHandOver::givesNothingToWhoStopsBeforeItsTurn()

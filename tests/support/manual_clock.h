@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <map>
 #include <optional>
 #include <utility>
@@ -38,6 +39,10 @@ public:
         }
     }
 
+    /// As when something else holds the event loop up: time passes, and what becomes due runs late, when the clock is
+    /// turned the next time.
+    void holdUp(qint64 ms) { m_nowUs += ms * c_usPerMs; }
+
     /// When the next action is due; nothing: none is waiting.
     std::optional<qint64> nextDueUs() const
     {
@@ -53,7 +58,7 @@ public:
             return false;
         }
         const auto due = m_waiting.begin();
-        m_nowUs = due->first.first;
+        m_nowUs = std::max(m_nowUs, due->first.first);
         // Taken out first: the action may ask for another timer.
         const Action action = std::move(due->second);
         m_waiting.erase(due);

@@ -9,12 +9,6 @@
 
 #include "logging.h"
 
-namespace {
-
-constexpr qint64 c_usPerMs = 1000;
-
-} // namespace
-
 SerialLine::SerialLine(std::unique_ptr<ISerialPort> port, Clock& clock, SettingsSource settings, QObject* parent)
     : QObject(parent)
     , m_clock(clock)
@@ -35,6 +29,7 @@ SerialLine::~SerialLine()
     m_port->setObserver(nullptr);
     m_clock.cancel(m_deliverTimer);
     m_clock.cancel(m_reopenTimer);
+    m_clock.cancel(m_handOverTimer);
 }
 
 // ---- The port
@@ -68,7 +63,7 @@ bool SerialLine::closePort(const QString& remark)
     const QPointer<SerialLine> self(this);
     m_port->close();
     m_isWriting = false;
-    m_handOverUntilUs = -1;
+    endHandOver();
     m_trace.remark(remark);
     m_keepAlive.stop();
     return !self.isNull();
@@ -179,7 +174,7 @@ void SerialLine::bytesLeft()
     }
     m_isWriting = false;
     m_reopenMs = c_firstReopenMs;
-    m_handOverUntilUs = m_clock.nowUs() + c_handOverMs * c_usPerMs;
+    beginHandOver();
     if (answer(m_queue.takeFirst(), {})) {
         writeNext();
     }
@@ -335,9 +330,24 @@ void SerialLine::deliverKept()
     }
 }
 
+/// In two halves, for something else may hold the event loop up, and with it the listener: the first one then ends
+/// late, and in the second the listener has its turn.
+void SerialLine::beginHandOver()
+{
+    endHandOver();
+    m_handOverTimer = m_clock.callAfter(c_handOverMs / 2, [this] {
+        m_handOverTimer = m_clock.callAfter(c_handOverMs / 2, [this] { m_handOverTimer = 0; });
+    });
+}
+
+void SerialLine::endHandOver()
+{
+    m_clock.cancel(std::exchange(m_handOverTimer, 0));
+}
+
 bool SerialLine::isHandOver() const
 {
-    return m_isWriting || m_clock.nowUs() <= m_handOverUntilUs;
+    return m_isWriting || m_handOverTimer != 0;
 }
 
 void SerialLine::dropKept()

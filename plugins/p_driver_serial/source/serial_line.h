@@ -38,8 +38,8 @@ protected:
 ///
 /// Input that arrives while nobody listens is dropped, but for the answer to a frame: what arrives from the moment a
 /// frame goes out until 100 ms after it has left is also kept for who begins to listen in that time, up to 1 MiB, and
-/// given up for the next frame. So a caller may write first and listen when the write is answered, whoever else
-/// listens, and never hears anything older.
+/// given up for the next frame; longer when the event loop is held up, and with it who is about to listen. So a caller
+/// may write first and listen when the write is answered, whoever else listens, and never hears anything older.
 ///
 /// All on one thread. Listeners and answers may call anything here, and may destroy the line; who hears of changed()
 /// may not.
@@ -116,6 +116,8 @@ private:
     void deliver(const QByteArray& chunk);
     void handOut(const QByteArray& bytes, QVector<ILineListener*> listeners);
     void deliverKept();
+    void beginHandOver();
+    void endHandOver();
     bool isHandOver() const;
     void dropKept();
 
@@ -137,7 +139,7 @@ private:
     QVector<ILineListener*> m_listeners;
     QVector<ILineListener*> m_joining; // of these, who has not heard yet what is kept
     UndeliveredInput m_kept;
-    qint64 m_handOverUntilUs = -1;
+    Clock::TimerId m_handOverTimer = 0; // 0: it is over
     Clock::TimerId m_deliverTimer = 0;
     int m_number = 0;
 
