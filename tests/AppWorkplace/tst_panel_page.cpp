@@ -17,6 +17,8 @@ const QString c_plugin = QStringLiteral("{b3b68306-268a-4bce-b400-9f7c133e4cef}"
 const QString c_plainPlugin = QStringLiteral("{00000000-0000-0000-0000-0000000000d1}");
 const QString c_programInput = QStringLiteral(
     "maintenance_panel_device_haitor.idColumn.idRowCommandMain.idRowSetProgram.idValueRectangleSetProgram.idValue");
+const QString c_lockLabel =
+    QStringLiteral("maintenance_panel_device_haitor.idColumn.idRowCommandMain.idRow.idInformation.idChannelName");
 
 constexpr char c_page[] = R"(
 import QtQuick 2.15
@@ -290,6 +292,24 @@ private Q_SLOTS:
         const QAccessibleInterface* lock = QAccessible::queryAccessibleInterface(button(QStringLiteral("Lock")));
         QCOMPARE(lock->text(QAccessible::Name), QStringLiteral("Lock"));
         QCOMPARE(lock->role(), QAccessible::Button);
+    }
+
+    void labelsAreAsLargeAsTheFieldsBesideThem_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("small") << QSize(1024, 600);
+        QTest::newRow("usual") << QSize(1920, 1080);
+        QTest::newRow("large") << QSize(3840, 2160);
+    }
+    void labelsAreAsLargeAsTheFieldsBesideThem()
+    {
+        QFETCH(QSize, size);
+        show(size);
+        give(*m_bench);
+        const QQuickItem* const label = m_scene->item(c_lockLabel);
+        const QQuickItem* const field = m_scene->item(c_programInput);
+        QCOMPARE(label->property("font").value<QFont>().pixelSize(),
+                 field->property("font").value<QFont>().pixelSize());
     }
 
     void fingersWorkThePanel()
