@@ -26,8 +26,9 @@ function(workplace_add_test name)
     "XDG_CONFIG_HOME=${PROJECT_BINARY_DIR}/tests/no-configuration")
   if(arg_QUICK)
     # Stacks as deep as it takes to tell the leaks of Qt by the functions that they come from; deeper ones cost time.
+    # And what was freed is kept for a short while only, for it counts as growth.
     list(APPEND environment QT_QUICK_BACKEND=software
-      ASAN_OPTIONS=fast_unwind_on_malloc=0:malloc_context_size=16
+      ASAN_OPTIONS=fast_unwind_on_malloc=0:malloc_context_size=16:quarantine_size_mb=4
       "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/sanitizers/leaks-of-qt.supp:print_suppressions=0")
   endif()
   set_tests_properties(${name} PROPERTIES LABELS ${arg_LABEL} TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${environment}")

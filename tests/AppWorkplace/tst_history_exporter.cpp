@@ -5,6 +5,9 @@
 #include <QTest>
 #include <QVector>
 
+#include <algorithm>
+#include <memory>
+
 #include "gui/history_exporter.h"
 #include "history/history_format.h"
 #include "history_fixture.h"
@@ -85,12 +88,13 @@ void TestHistoryExporter::writesWhatTheFilterLetsThrough()
 void TestHistoryExporter::tellsHowFarItIs()
 {
     QVERIFY(m_history->fill(results(2200)));
-    QVector<double> told;
-    connect(m_exporter.get(), &HistoryExporter::sigChanged, this, [&] { told.append(m_exporter->progress()); });
+    const auto told = std::make_shared<QVector<double>>();
+    connect(m_exporter.get(), &HistoryExporter::sigChanged, this,
+            [this, told] { told->append(m_exporter->progress()); });
     m_exporter->start(file("out.jsonl"), false);
     QVERIFY(isOver());
-    QVERIFY(std::is_sorted(told.cbegin(), told.cend()));
-    QVERIFY(told.contains(1000.0 / 2200));
+    QVERIFY(std::is_sorted(told->cbegin(), told->cend()));
+    QVERIFY(told->contains(1000.0 / 2200));
 }
 
 void TestHistoryExporter::replacesAFileOnlyWhenItMay()

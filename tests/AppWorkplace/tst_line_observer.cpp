@@ -1,4 +1,5 @@
 #include <QCoreApplication>
+#include <QSignalSpy>
 #include <QStringList>
 #include <QTest>
 #include <QUuid>
@@ -116,12 +117,14 @@ void TestLineObserver::endsALineAtCarriageReturnAndLineFeedOnly_data()
 void TestLineObserver::endsALineAtCarriageReturnAndLineFeedOnly()
 {
     QFETCH(int, size);
-    QByteArrayList lines;
-    connect(m_observer.get(), &LineObserver::sigLineHeard, this,
-            [&lines](const QByteArray& line) { lines.append(line); });
+    const QSignalSpy heard(m_observer.get(), &LineObserver::sigLineHeard);
     const QByteArray text = "RE:F:1\n2\r\n\n\r\r\nRE:F:3\r4\r\n";
     for (int i = 0; i < text.size(); i += size) {
         say(text.mid(i, size));
+    }
+    QByteArrayList lines;
+    for (const QList<QVariant>& arguments : heard) {
+        lines.append(arguments.first().toByteArray());
     }
     QCOMPARE(lines, (QByteArrayList{"RE:F:1\n2", "\n\r", "RE:F:3\r4"}));
 }

@@ -13,7 +13,7 @@ namespace {
 constexpr int c_limitMs = 20000;
 constexpr double c_touchTarget = 44; // pixels at 96 to the inch
 
-const QByteArray c_page = R"(
+const char c_page[] = R"(
 import QtQuick 2.15
 import "pages"
 import "widgets"

@@ -68,7 +68,7 @@ private:
         order.serialId = c_serialId;
         order.listens = false;
         m_session = std::make_unique<Session>(m_workplace.linked(), order);
-        QObject::connect(m_session.get(), &Session::sigReady, [this] { m_isReady = true; });
+        QObject::connect(m_session.get(), &Session::sigReady, m_session.get(), [this] { m_isReady = true; });
         m_session->start();
         if (!m_workplace.runUntil([this] { return m_isReady; }, c_patienceMs)) {
             m_result.complaint = QStringLiteral("the wrench is not connected");
@@ -140,10 +140,10 @@ private:
     {
         LineEnd lineEnd(m_workplace.linked());
         if (m_session != nullptr) {
-            QObject::connect(m_session.get(), &Session::sigFinished, [this] { m_isClosed = true; });
+            QObject::connect(m_session.get(), &Session::sigFinished, m_session.get(), [this] { m_isClosed = true; });
             m_session->interrupt();
         } else {
-            QObject::connect(&lineEnd, &LineEnd::sigClosed, [this] { m_isClosed = true; });
+            QObject::connect(&lineEnd, &LineEnd::sigClosed, &lineEnd, [this] { m_isClosed = true; });
             lineEnd.close();
         }
         if (!m_workplace.runUntil([this] { return m_isClosed; }, c_patienceMs)) {

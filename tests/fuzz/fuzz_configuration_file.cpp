@@ -32,7 +32,8 @@ void fuzz::configuration_file(const QByteArray& bytes)
     }
     const QJsonObject object = QJsonDocument::fromJson(bytes).object();
     FUZZ_CHECK(settings.origins.contains(QStringLiteral("port")) == object.contains(QStringLiteral("port")));
-    for (const QString& section : settings.commands.keys()) {
+    const QStringList taken = settings.commands.keys();
+    for (const QString& section : taken) {
         FUZZ_CHECK(sections.contains(section) && object.value(section).isObject());
     }
 }
