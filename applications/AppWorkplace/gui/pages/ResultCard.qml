@@ -71,7 +71,7 @@ UiCard {
                 height: 1.3 * Math.min(0.2 * verdict.height, 6 * Style.baseHeight)
                 horizontalAlignment: Text.AlignHCenter
                 minimumPixelSize: Style.fontText.pixelSize
-                text: card.word
+                text: card.hasResult ? card.word : "" // not fitted before there is one
                 width: verdict.width
             }
         }
