@@ -274,6 +274,17 @@ private Q_SLOTS:
         QCOMPARE(position(), 0.0);
     }
 
+    void nothingIsCalledNewWhenAllIsSeen()
+    {
+        QVERIFY(m_history->fill(results(3)));
+        show();
+        QTRY_VERIFY_WITH_TIMEOUT(isSeen(1), c_limitMs);
+        m_scene->click(row(1));
+        QVERIFY(m_history->fill(results(1, 3)));
+        QTRY_VERIFY_WITH_TIMEOUT(isSeen(3), c_limitMs);
+        QVERIFY(!item(QStringLiteral("results.idToNewest"))->isVisible());
+    }
+
     void exportsWhatIsListed()
     {
         QVERIFY(m_history->fill(results(100)));

@@ -162,6 +162,18 @@ private Q_SLOTS:
         QCOMPARE(m_root->property("chosen").toInt(), 1);
     }
 
+    void entriesOfAChoiceAreAsLargeAsItsText()
+    {
+        show();
+        QQuickItem* const choice = m_scene->item(QStringLiteral("choice"));
+        m_scene->click(choice);
+        QTRY_VERIFY(m_scene->item(QStringLiteral("choice.1")) != nullptr);
+        const auto size = [](const QQuickItem* control) {
+            return control->property("contentItem").value<QQuickItem*>()->property("font").value<QFont>().pixelSize();
+        };
+        QCOMPARE(size(m_scene->item(QStringLiteral("choice.1"))), size(choice));
+    }
+
     void choiceIsMadeByMouse()
     {
         show();

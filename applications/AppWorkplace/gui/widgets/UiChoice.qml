@@ -78,6 +78,7 @@ T.ComboBox {
         contentItem: UiLabel {
             color: entry.highlighted ? Style.accentTextColor : Style.textColor
             font.bold: entry.isCurrent
+            font.pixelSize: Style.fontText.pixelSize
             leftPadding: Style.baseHeight
             text: entry.text
         }

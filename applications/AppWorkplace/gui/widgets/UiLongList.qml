@@ -129,6 +129,9 @@ FocusScope {
                 } else {
                     list.scrollTo(to)
                 }
+                if (list.isAtBeginning) {
+                    list.arrivals = 0 // there is room for all, and they are seen
+                }
             }
         }
 
