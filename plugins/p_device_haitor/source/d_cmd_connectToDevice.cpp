@@ -4,6 +4,7 @@
 #include <QTimer>
 
 #include "command_factory.h"
+#include "found_devices.h"
 #include "frames.h"
 #include "log_line.h"
 
@@ -49,12 +50,10 @@ bool DCmdConnectToDevice::commandExecute()
             << "ERROR: Device haitor does not have a serial Id";
         return true; // kept on purpose: the command stays open until the host stops it
     }
-    m_found.clear();
     m_receiver.clearBuffer();
     m_echoMatched = false;
     m_echoedOther = false;
     m_probeSent = false;
-    m_sender.forgetLastSent();
     // Kept on purpose: the chosen address stays, so that an early ATH from the dongle redials the wrench of the last
     // run.
     m_searchTimer->start();
@@ -89,7 +88,7 @@ bool DCmdConnectToDevice::onLine(const QString& line)
 
 DCmdConnectToDevice::Outcome DCmdConnectToDevice::onWrenchHeard(const QString& line)
 {
-    const std::optional<FoundDevice> device = m_found.addFromLine(line);
+    const std::optional<FoundDevice> device = FoundDevice::fromLine(line);
     if (device && device->serialNumber == m_serialId) {
         // Kept on purpose: each further match does all of this again, and the timer stays stopped.
         m_searchTimer->stop();

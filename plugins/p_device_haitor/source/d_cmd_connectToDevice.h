@@ -2,7 +2,6 @@
 
 #include <lib_plugins_management/d_abstract_command.h>
 
-#include "found_devices.h"
 #include "frame_sender.h"
 #include "line_receiver.h"
 #include "subscription.h"
@@ -64,7 +63,6 @@ private:
     FrameSender m_sender{*this};
     Subscription m_subscription;
     LineReceiver m_receiver{LineReceiver::Repeats::Dropped, LineReceiver::Content::Text};
-    FoundDevices m_found;
     QTimer* m_searchTimer;      // a child
     QString m_serialId;         // of the wanted wrench
     QString m_address;          // of the chosen wrench, without colons; empty: none yet

@@ -36,7 +36,6 @@ bool DCmdListPrograms::commandExecute()
     }
     m_programs.clear();
     m_receiver.clearBuffer();
-    m_sender.forgetLastSent();
     m_firstProgram.clear();
     m_idleRetries = 0;
     m_subscription.open(*this, fastdelegate::MakeDelegate(this, &DCmdListPrograms::onReply));

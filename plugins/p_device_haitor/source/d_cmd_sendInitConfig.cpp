@@ -44,7 +44,6 @@ bool DCmdSendInitConfig::commandExecute()
     }
     m_plugin->setProperty(properties::c_lock, false, true);
     m_receiver.clearBuffer();
-    m_sender.forgetLastSent();
     m_subscription.open(*this, fastdelegate::MakeDelegate(this, &DCmdSendInitConfig::onReply));
     m_sender.send(c_steps[0].sent);
     return true;

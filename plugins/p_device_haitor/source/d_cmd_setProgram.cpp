@@ -71,7 +71,6 @@ bool DCmdSetProgram::stepToTheProgram(PDeviceHaitor& plugin)
     }
     m_receiver.clearBuffer();
     m_receiver.forgetNumber();
-    m_sender.forgetLastSent();
     m_steps = 0;
     m_subscription.open(*this, fastdelegate::MakeDelegate(this, &DCmdSetProgram::onReply));
     m_sender.send(frames::c_idle);

@@ -12,15 +12,20 @@ constexpr int c_fewestFields = 5;
 
 } // namespace
 
-std::optional<FoundDevice> FoundDevices::addFromLine(const QString& line)
+std::optional<FoundDevice> FoundDevice::fromLine(const QString& line)
 {
     const QStringList fields = line.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     if (fields.size() < c_fewestFields) {
         return std::nullopt;
     }
-    FoundDevice device{fields.at(c_addressField), fields.at(c_serialNumberField), fields.at(c_signalStrengthField)};
-    m_byAddress.insert(device.address, device);
-    return device;
+    return FoundDevice{fields.at(c_addressField), fields.at(c_serialNumberField), fields.at(c_signalStrengthField)};
+}
+
+void FoundDevices::addFromLine(const QString& line)
+{
+    if (const std::optional<FoundDevice> device = FoundDevice::fromLine(line)) {
+        m_byAddress.insert(device->address, *device);
+    }
 }
 
 QVariantList FoundDevices::toList() const

@@ -12,15 +12,17 @@ struct FoundDevice
     QString address; // with its colons
     QString serialNumber;
     QString signalStrength;
+
+    /// Of a line "RESP <address> …" of at least five fields; of one with fewer: nothing.
+    static std::optional<FoundDevice> fromLine(const QString& line);
 };
 
 /// The wrenches heard since the last clear(), one for each address.
 class FoundDevices
 {
 public:
-    /// Takes in a line "RESP <address> …" of at least five fields and returns the device it names; an older entry
-    /// of the same address is replaced. A line with fewer fields is ignored: nothing is returned.
-    std::optional<FoundDevice> addFromLine(const QString& line);
+    /// Takes in the device that the line names, if it names one; an older entry of the same address is replaced.
+    void addFromLine(const QString& line);
     void clear() { m_byAddress.clear(); }
 
     /// Maps with the texts "mac", "sn" and "rssi", in ascending order of the address.

@@ -16,7 +16,6 @@ public:
     void send(const QString& text);
     /// The text of the frame last sent with send(), without CR LF; empty for none.
     const QString& lastSent() const { return m_lastSent; }
-    void forgetLastSent() { m_lastSent.clear(); }
 
     /// Writes bytes as they are; the last sent frame stays. onReply: hears whether they have left; empty: nobody does.
     void write(const QByteArray& frame, ReplyDelegate onReply = {}) const;
