@@ -78,7 +78,7 @@ void TestHistoryIndex::open(const HistoryFilter& filter)
 QStringList TestHistoryIndex::all() const
 {
     QStringList readings;
-    for (int page = 0; page * c_page < m_index->entries(); ++page) {
+    for (int page = 0; qint64{page} * c_page < m_index->entries(); ++page) {
         QVector<HistoryRecord> records;
         if (m_index->read(page, &records)) {
             return {QStringLiteral("unreadable")};

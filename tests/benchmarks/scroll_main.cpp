@@ -137,6 +137,7 @@ void print(const char* what, const std::vector<double>& times, double memory)
 void measure(const char* what, const std::function<double(int)>& frame)
 {
     std::vector<double> times;
+    times.reserve(c_frames);
     for (int i = 0; i < c_frames; ++i) {
         times.push_back(frame(i));
     }

@@ -123,7 +123,7 @@ void TestDriverHandOver::givesItWhenTheListenerCameLateBecauseTheEventLoopWasHel
     const DriverFixture driver;
     const Run other = driver.listen();
     writeAndArrive(driver, "ERR:2\r\n");
-    driver.clock->holdUp(3 * SerialLine::c_handOverMs);
+    driver.clock->holdUp(qint64{3} * SerialLine::c_handOverMs);
     driver.clock->advance(0);
     const Run listener = driver.listen();
     driver.clock->advance(0);

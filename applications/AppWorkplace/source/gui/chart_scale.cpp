@@ -45,8 +45,8 @@ int ChartScale::decimals() const
 QVector<double> ChartScale::lines() const
 {
     QVector<double> lines;
-    for (double index = std::ceil(m_low / m_step); index * m_step <= m_high; ++index) {
-        lines.append(index * m_step);
+    for (qint64 index = std::llround(std::ceil(m_low / m_step)); double(index) * m_step <= m_high; ++index) {
+        lines.append(double(index) * m_step);
     }
     return lines;
 }

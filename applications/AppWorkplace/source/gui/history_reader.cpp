@@ -11,6 +11,15 @@ constexpr int c_pagesATurn = 100;
 // Of what is stored meanwhile. So much at once is no session's; the list begins anew.
 constexpr int c_mostStored = 2000;
 
+/// Of the first step that has one; those behind it are not taken.
+template <typename... Steps>
+std::optional<Problem> firstProblem(const Steps&... steps)
+{
+    std::optional<Problem> problem;
+    ((problem = steps(), problem.has_value()) || ...);
+    return problem;
+}
+
 } // namespace
 
 HistoryReader::HistoryReader(const QString& folder) : m_folder(folder)
@@ -108,9 +117,10 @@ std::optional<Problem> HistoryReader::absorb()
     if (m_lastId - before > c_mostStored) {
         return begin();
     }
-    if ((problem = m_query->storedAfter(before, c_mostStored, &stored)) ||
-        (problem = m_query->totalsAfter(before, &more)) || (problem = m_index->take(stored, &insertions)) ||
-        (problem = HistoryKeys(m_store->database(), m_filter).origins(&m_state.wrenches, &m_state.programs))) {
+    problem = firstProblem([&] { return m_query->storedAfter(before, c_mostStored, &stored); },
+                           [&] { return m_query->totalsAfter(before, &more); },
+                           [&] { return m_index->take(stored, &insertions); }, [this] { return readOrigins(); });
+    if (problem) {
         return problem;
     }
     m_state.totals.add(more);
@@ -123,18 +133,25 @@ std::optional<Problem> HistoryReader::begin()
 {
     m_state = {};
     m_state.isThere = true;
-    std::optional<Problem> problem;
-    if ((problem = m_query->totals({}, &m_state.totals)) || (problem = m_query->lastId(&m_lastId)) ||
-        (problem = HistoryKeys(m_store->database(), m_filter).origins(&m_state.wrenches, &m_state.programs))) {
+    std::optional<Problem> problem =
+        firstProblem([this] { return m_query->totals({}, &m_state.totals); },
+                     [this] { return m_query->lastId(&m_lastId); }, [this] { return readOrigins(); });
+    if (problem) {
         return problem;
     }
     m_state.entries = m_state.totals.listed(m_filter);
     m_index = std::make_unique<HistoryIndex>(m_store->database(), m_filter);
-    if ((problem = m_index->begin(m_state.entries)) || (problem = m_index->extend(2))) {
+    problem = firstProblem([this] { return m_index->begin(m_state.entries); }, [this] { return m_index->extend(2); });
+    if (problem) {
         return problem;
     }
     Q_EMIT sigListed(m_number, m_state);
     return std::nullopt;
+}
+
+std::optional<Problem> HistoryReader::readOrigins()
+{
+    return HistoryKeys(m_store->database(), m_filter).origins(&m_state.wrenches, &m_state.programs);
 }
 
 std::optional<Problem> HistoryReader::answer(int page)

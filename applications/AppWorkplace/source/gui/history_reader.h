@@ -58,6 +58,7 @@ private:
     std::optional<Problem> open();
     std::optional<Problem> absorb();
     std::optional<Problem> begin();
+    std::optional<Problem> readOrigins();
     std::optional<Problem> answer(int page);
     void extendLater();
     void extend();

@@ -361,7 +361,7 @@ void HistoryTable::wantNeighbours(int page)
 }
 
 template <typename Work>
-void HistoryTable::inReader(Work work) const
+void HistoryTable::inReader(const Work& work) const
 {
     QMetaObject::invokeMethod(
         m_reader, [reader = m_reader, work] { work(reader); }, Qt::QueuedConnection);

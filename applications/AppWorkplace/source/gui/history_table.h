@@ -143,7 +143,7 @@ private:
     void ask() const;
     void wantNeighbours(int page);
     template <typename Work>
-    void inReader(Work work) const;
+    void inReader(const Work& work) const;
 
     const QString m_file;
     HistoryPeriod* m_period;
