@@ -22,13 +22,7 @@ std::optional<Problem> firstProblem(const Steps&... steps)
 
 } // namespace
 
-HistoryReader::HistoryReader(const QString& folder) : m_folder(folder)
-{
-    qRegisterMetaType<Problem>();
-    qRegisterMetaType<HistoryState>();
-    qRegisterMetaType<QVector<HistoryRecord>>();
-    qRegisterMetaType<QVector<HistoryIndex::Insertion>>();
-}
+HistoryReader::HistoryReader(const QString& folder) : m_mailbox(this), m_folder(folder) {}
 
 HistoryReader::~HistoryReader() = default;
 

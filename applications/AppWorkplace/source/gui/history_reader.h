@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QMetaType>
 #include <QObject>
 #include <QStringList>
 #include <QVector>
@@ -8,11 +7,13 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "../history/history_filter.h"
 #include "../history/history_index.h"
 #include "../history/history_store.h"
 #include "../services/problem.h"
+#include "mailbox.h"
 
 /// How the list is that a filter lets through.
 struct HistoryState
@@ -23,12 +24,9 @@ struct HistoryState
     QStringList programs; ///< the same
     bool isThere = false; ///< there is a history
 };
-Q_DECLARE_METATYPE(HistoryState)
-Q_DECLARE_METATYPE(QVector<HistoryRecord>)
-Q_DECLARE_METATYPE(QVector<HistoryIndex::Insertion>)
 
 /// Reads the history in a thread of its own, through a connection of its own. What it tells carries the number of the
-/// filter that it was asked with, for it may come late.
+/// filter that it was asked with, for it may come late. Its signals are emitted in its thread.
 class HistoryReader : public QObject
 {
     Q_OBJECT
@@ -36,6 +34,9 @@ class HistoryReader : public QObject
 public:
     explicit HistoryReader(const QString& folder);
     ~HistoryReader() override;
+
+    /// From any thread: work that is done in that of the reader.
+    void post(Mailbox::Work work) { m_mailbox.post(std::move(work)); }
 
     /// Begins anew with that filter; answers with sigListed.
     void list(int number, const HistoryFilter& filter);
@@ -64,6 +65,7 @@ private:
     void extend();
     void fail(const Problem& problem);
 
+    Mailbox m_mailbox;
     const QString m_folder;
     int m_number = 0;
     HistoryFilter m_filter;

@@ -1,8 +1,8 @@
 #include "history_table.h"
 
-#include <QMetaObject>
-
 #include <algorithm>
+#include <tuple>
+#include <type_traits>
 
 #include "../history/history_format.h"
 #include "../history/history_note.h"
@@ -32,11 +32,25 @@ HistoryTable::HistoryTable(const QString& folder, QObject* parent)
     m_thread.setObjectName(QStringLiteral("history"));
     m_reader->moveToThread(&m_thread);
     connect(&m_thread, &QThread::finished, m_reader, &QObject::deleteLater);
-    connect(m_reader, &HistoryReader::sigListed, this, &HistoryTable::onListed);
-    connect(m_reader, &HistoryReader::sigPage, this, &HistoryTable::onPage);
-    connect(m_reader, &HistoryReader::sigStored, this, &HistoryTable::onStored);
-    connect(m_reader, &HistoryReader::sigFailed, this, &HistoryTable::onFailed);
+    hear(&HistoryReader::sigListed, &HistoryTable::onListed);
+    hear(&HistoryReader::sigPage, &HistoryTable::onPage);
+    hear(&HistoryReader::sigStored, &HistoryTable::onStored);
+    hear(&HistoryReader::sigFailed, &HistoryTable::onFailed);
     connect(m_period, &HistoryPeriod::sigChanged, this, &HistoryTable::list);
+}
+
+/// What the reader tells in its thread is done in this one.
+template <typename... Values>
+void HistoryTable::hear(void (HistoryReader::*signal)(Values...), void (HistoryTable::*slot)(Values...))
+{
+    connect(
+        m_reader, signal, this,
+        [this, slot](Values... values) {
+            m_mailbox.post([this, slot, told = std::tuple<std::decay_t<Values>...>(values...)] {
+                std::apply([this, slot](const auto&... each) { (this->*slot)(each...); }, told);
+            });
+        },
+        Qt::DirectConnection);
 }
 
 HistoryTable::~HistoryTable()
@@ -363,6 +377,5 @@ void HistoryTable::wantNeighbours(int page)
 template <typename Work>
 void HistoryTable::inReader(const Work& work) const
 {
-    QMetaObject::invokeMethod(
-        m_reader, [reader = m_reader, work] { work(reader); }, Qt::QueuedConnection);
+    m_reader->post([reader = m_reader, work] { work(reader); });
 }

@@ -142,6 +142,8 @@ private:
     void want(int page) const;
     void ask() const;
     void wantNeighbours(int page);
+    template <typename... Values>
+    void hear(void (HistoryReader::*signal)(Values...), void (HistoryTable::*slot)(Values...));
     template <typename Work>
     void inReader(const Work& work) const;
 
@@ -149,6 +151,7 @@ private:
     HistoryPeriod* m_period;
     VisibleRows* m_visibleRows;
     HistoryExporter* m_exporter;
+    Mailbox m_mailbox; // of the reader
     QThread m_thread;
     HistoryReader* m_reader; // lives in the thread
     std::unique_ptr<HistoryWatch> m_watch;
