@@ -333,6 +333,7 @@ private Q_SLOTS:
         QVERIFY(!model.headerData(0, Qt::Horizontal, Qt::DisplayRole).isValid());
         model.append(channelWithId(c_motorRun));
         QCOMPARE(model.data(model.index(0, 0), Qt::UserRole + 1).toString(), c_motorRun);
+        QCOMPARE(model.roleNames().value(Qt::UserRole + 1), QByteArray("channelId"));
         QCOMPARE(model.roleNames().value(Qt::UserRole + 2), QByteArray("label"));
         QCOMPARE(model.headerData(1, Qt::Horizontal, Qt::DisplayRole).toString(), QStringLiteral("label"));
         QVERIFY(!model.headerData(1, Qt::Vertical, Qt::DisplayRole).isValid());
