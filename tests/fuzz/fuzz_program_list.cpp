@@ -20,7 +20,8 @@ void fuzz::program_list(const QByteArray& bytes)
     }
     const QVariantList programs = talk.outcome.properties.value(QStringLiteral("programList")).toList();
     FUZZ_CHECK(talk.outcome.properties.value(QStringLiteral("programListCount")) == QVariant(programs.size()));
-    FUZZ_CHECK(programs.size() <= talk.line.count("OK:"));
+    // A zero byte takes what is behind it in its chunk away, so that two ends of a line may meet.
+    FUZZ_CHECK(programs.size() <= (talk.isPlain() ? talk.line.count("OK:") : talk.line.count('\n')));
     for (int i = 0; i < programs.size(); ++i) {
         FUZZ_CHECK(programs.at(i).toMap().value(QStringLiteral("progId")) == QVariant(i + 1));
     }
