@@ -35,111 +35,114 @@ UiCard {
         visible: !card.hasResult
     }
 
-    Item {
-        id: shown
-
+    // Made with the first result: its large fonts, and looking for their size, take a good part of the start.
+    Loader {
+        active: card.hasResult
         anchors.fill: parent
-        visible: card.hasResult
 
-        Column {
-            id: verdict
+        sourceComponent: Item {
+            id: shown
 
-            anchors {
-                left: parent.left
-                top: parent.top
-                bottom: details.top
-                bottomMargin: Style.spacing
-            }
-            width: 0.27 * parent.width
+            Column {
+                id: verdict
 
-            UiVerdict {
-                id: shape
+                anchors {
+                    left: parent.left
+                    top: parent.top
+                    bottom: details.top
+                    bottomMargin: Style.spacing
+                }
+                width: 0.27 * parent.width
 
-                anchors.horizontalCenter: parent.horizontalCenter
-                height: Math.min(verdict.width, verdict.height - word.height)
-                isGood: card.isGood
-                width: height
+                UiVerdict {
+                    id: shape
+
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    height: Math.min(verdict.width, verdict.height - word.height)
+                    isGood: card.isGood
+                    width: height
+                }
+
+                UiLabel {
+                    id: word
+
+                    color: card.isGood ? Style.goodColor : Style.badColor
+                    font.bold: true
+                    font.pixelSize: Math.min(0.2 * verdict.height, 6 * Style.baseHeight)
+                    fontSizeMode: Text.HorizontalFit
+                    height: 1.3 * Math.min(0.2 * verdict.height, 6 * Style.baseHeight)
+                    horizontalAlignment: Text.AlignHCenter
+                    minimumPixelSize: Style.fontText.pixelSize
+                    text: card.word
+                    width: verdict.width
+                }
             }
 
             UiLabel {
-                id: word
+                id: torque
 
-                color: card.isGood ? Style.goodColor : Style.badColor
+                anchors {
+                    left: verdict.right
+                    leftMargin: Style.spacing
+                    right: unit.left
+                    rightMargin: 0.5 * Style.spacing
+                    top: parent.top
+                    bottom: details.top
+                    bottomMargin: Style.spacing
+                }
+                elide: Text.ElideNone
                 font.bold: true
-                font.pixelSize: Math.min(0.2 * verdict.height, 6 * Style.baseHeight)
-                fontSizeMode: Text.HorizontalFit
-                height: 1.3 * Math.min(0.2 * verdict.height, 6 * Style.baseHeight)
+                font.pixelSize: Math.max(Style.fontText.pixelSize, shown.height - details.height)
+                fontSizeMode: Text.Fit
                 horizontalAlignment: Text.AlignHCenter
                 minimumPixelSize: Style.fontText.pixelSize
-                text: card.hasResult ? card.word : "" // not fitted before there is one
-                width: verdict.width
+                objectName: "work.idTorque"
+                text: card.torque
             }
-        }
 
-        UiLabel {
-            id: torque
+            UiLabel {
+                id: unit
 
-            anchors {
-                left: verdict.right
-                leftMargin: Style.spacing
-                right: unit.left
-                rightMargin: 0.5 * Style.spacing
-                top: parent.top
-                bottom: details.top
-                bottomMargin: Style.spacing
+                anchors {
+                    right: parent.right
+                    verticalCenter: torque.verticalCenter
+                }
+                font.pixelSize: 4 * Style.baseHeight
+                text: card.hasResult && card.result.unit ? card.result.unit : ""
             }
-            elide: Text.ElideNone
-            font.bold: true
-            font.pixelSize: Math.max(Style.fontText.pixelSize, shown.height - details.height)
-            fontSizeMode: Text.Fit
-            horizontalAlignment: Text.AlignHCenter
-            minimumPixelSize: Style.fontText.pixelSize
-            objectName: "work.idTorque"
-            text: card.torque
-        }
 
-        UiLabel {
-            id: unit
+            Flow {
+                id: details
 
-            anchors {
-                right: parent.right
-                verticalCenter: torque.verticalCenter
-            }
-            font.pixelSize: 4 * Style.baseHeight
-            text: card.hasResult && card.result.unit ? card.result.unit : ""
-        }
+                anchors {
+                    left: parent.left
+                    right: parent.right
+                    bottom: parent.bottom
+                }
+                spacing: 2 * Style.spacing
 
-        Flow {
-            id: details
+                Repeater {
+                    model: card.hasResult ? [
+                        { name: qsTr("angle"), value: Style.receivedNumber(card.result.angle) + " °" },
+                        { name: qsTr("direction"), value: card.result.direction },
+                        { name: qsTr("reading"), value: card.result.number },
+                        { name: qsTr("program"), value: card.result.program },
+                        { name: qsTr("at"), value: Style.time(card.result.arrived) }
+                    ].filter(function (each) { return String(each.value).trim() !== "" && each.value !== undefined }) : []
 
-            anchors {
-                left: parent.left
-                right: parent.right
-                bottom: parent.bottom
-            }
-            spacing: 2 * Style.spacing
+                    Row {
+                        spacing: 0.6 * Style.spacing
 
-            Repeater {
-                model: card.hasResult ? [
-                    { name: qsTr("angle"), value: Style.receivedNumber(card.result.angle) + " °" },
-                    { name: qsTr("direction"), value: card.result.direction },
-                    { name: qsTr("reading"), value: card.result.number },
-                    { name: qsTr("program"), value: card.result.program },
-                    { name: qsTr("at"), value: Style.time(card.result.arrived) }
-                ].filter(function (each) { return String(each.value).trim() !== "" && each.value !== undefined }) : []
+                        UiLabel {
+                            isMuted: true
+                            text: modelData.name
+                        }
 
-                Row {
-                    spacing: 0.6 * Style.spacing
-
-                    UiLabel {
-                        isMuted: true
-                        text: modelData.name
-                    }
-
-                    UiLabel {
-                        font.bold: true
-                        font.pixelSize: Style.fontText.pixelSize
-                        text: modelData.value
+                        UiLabel {
+                            font.bold: true
+                            font.pixelSize: Style.fontText.pixelSize
+                            text: modelData.value
+                        }
                     }
                 }
             }
