@@ -84,12 +84,12 @@ void TestSimulatorStart::failsWhenTheSimulatorIsNeverReady()
     ProgramRun run;
     QVERIFY(folder.make("exec sleep 600\n"));
     QVERIFY(folder.startSession(run));
-    QList<qint64> simulators;
-    QTRY_VERIFY_WITH_TIMEOUT(!(simulators = processes::childrenOf(run.pid())).isEmpty(), c_patienceMs);
+    QTRY_VERIFY_WITH_TIMEOUT(!processes::childrenOf(run.pid()).isEmpty(), c_patienceMs);
+    const qint64 simulator = processes::childrenOf(run.pid()).constFirst();
     QVERIFY2(run.waitForEnd(), run.report());
     QCOMPARE(run.exitStatus(), c_setUpProblem);
     QVERIFY2(run.messages().contains(QLatin1String("has not said within 10 s that it is ready")), run.report());
-    QVERIFY(!processes::isRunning(simulators.first()));
+    QVERIFY(!processes::isRunning(simulator));
 }
 
 void TestSimulatorStart::canBeInterruptedBeforeTheSimulatorIsReady_data()
@@ -106,12 +106,12 @@ void TestSimulatorStart::canBeInterruptedBeforeTheSimulatorIsReady()
     ProgramRun run;
     QVERIFY(folder.make("exec sleep 600\n"));
     QVERIFY(folder.startSession(run));
-    QList<qint64> simulators;
-    QTRY_VERIFY_WITH_TIMEOUT(!(simulators = processes::childrenOf(run.pid())).isEmpty(), c_patienceMs);
+    QTRY_VERIFY_WITH_TIMEOUT(!processes::childrenOf(run.pid()).isEmpty(), c_patienceMs);
+    const qint64 simulator = processes::childrenOf(run.pid()).constFirst();
     run.sendSignal(signal);
     QVERIFY2(run.waitForEnd(), run.report());
     QCOMPARE(run.exitStatus(), 1);
-    QVERIFY(!processes::isRunning(simulators.first()));
+    QVERIFY(!processes::isRunning(simulator));
 }
 
 QTEST_GUILESS_MAIN(TestSimulatorStart)
