@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""make_seeds.py FOLDER: first inputs for the fuzz targets, out of the transcripts, traces, scenarios and configurations
+"""make_seeds.py FOLDER: first inputs for the fuzz targets, out of the transcripts, scenarios and configurations
 that the repository has. A seed begins with the numbers that its target reads first."""
 
 import os
@@ -35,14 +35,27 @@ def read(path):
         return file.read()
 
 
-def arrivals(path):
-    """What came over the line in a transcript."""
-    line = b""
+def talk(path):
+    """The bytes of a transcript, each with its direction."""
     for step in read(path).decode().split("\n"):
         word, text = step[:8].strip(), step[8:]
-        if word in ("dongle<", "wrench<", "piece<"):
-            line += unescaped(text) + (b"" if word == "piece<" else b"\r\n")
-    return line
+        if word in ("host>", "dongle<", "wrench<", "piece<"):
+            yield word[-1], unescaped(text) + (b"" if word == "piece<" else b"\r\n")
+
+
+def arrivals(path):
+    """What came over the line in a transcript."""
+    return b"".join(content for direction, content in talk(path) if direction == "<")
+
+
+def trace(path):
+    """The same transcript as a driver's trace would hold it."""
+    names = {0x5C: "\\\\", 0x0D: "\\r", 0x0A: "\\n", 0x09: "\\t"}
+    text = "# serial trace 1, /dev/ttyUSB0, 2026-01-01 00:00:00.000\n0.000000 ! opened\n"
+    for number, (direction, content) in enumerate(talk(path), 1):
+        written = "".join(names.get(byte, chr(byte) if 0x20 <= byte < 0x7F else "\\x%02x" % byte) for byte in content)
+        text += "%d.%06d %s %s\n" % (number // 50, number % 50 * 20000, direction, written)
+    return text.encode()
 
 
 def files(folder, end):
@@ -65,14 +78,13 @@ def main():
             everything += line
             for manner in (0, 1, 7):
                 write(target, "%s-%d" % (os.path.basename(path), manner), numbers + bytes([manner, 0]) + line)
+            write("trace_reader", "%s-%s" % (command, os.path.basename(path)), trace(path))
     for i, line in enumerate(everything.split(b"\r\n")[:200]):
         write("keep_alive", "line-%d" % i, b"OK:\n\0\1\3\x20\0" + line.replace(b"\n", b" ") + b"\n\0OK:1\n")
     for i, frames in enumerate(["ATS|ATH|ATD 020000000001", "DT:1|SC:TL:2|RE:1|DT:0", "IDLE|TR:C|TR:N|TR:C"]):
         steps = b"\3ATD 020000000001\n\1....\n" + b"".join(b"\3" + frame.encode() + b"\n" for frame in frames.split("|"))
         write("dongle", "frames-%d" % i, b"\0\1\1" + steps + b"\0tighten 2\n\1..........\n")
         write("dongle", "fault-%d" % i, b"\1\1\5\0fault split:3:5\n" + steps)
-    for path in files(os.path.join(ROOT, "tests", "system", "traces"), ".txt"):
-        write("trace_reader", os.path.basename(path), read(path))
     for path in files(os.path.join(ROOT, "examples", "weather"), ".json"):
         write("scenario_reader", os.path.basename(path), read(path))
     write("configuration_file", "example", read(os.path.join(ROOT, "examples", "configuration.json")))

@@ -155,7 +155,10 @@ bool TraceReader::check()
 /// False: the end of the file, or an error.
 bool TraceReader::readLine(QByteArray* line)
 {
-    *line = m_file.readLine(c_maxLineBytes + 2);
+    // Into one buffer for all lines: QIODevice would make one of the longest line for each.
+    m_buffer.resize(c_maxLineBytes + 3); // a zero byte stands behind what was read
+    const qint64 size = m_file.readLine(m_buffer.data(), m_buffer.size());
+    *line = m_buffer.left(int(qMax<qint64>(size, 0)));
     if (line->isEmpty()) {
         if (m_file.error() != QFileDevice::NoError) {
             ++m_line;

@@ -53,6 +53,7 @@ private:
     bool refuse(const QString& reason);
 
     QFile m_file;
+    QByteArray m_buffer;
     qint64 m_line = 0;
     qint64 m_lastMomentUs = 0;
     QString m_error;
