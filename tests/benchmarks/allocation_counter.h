@@ -2,5 +2,5 @@
 
 #include <cstdint>
 
-/// How often this process has asked for memory since it began.
+/// How often this thread has asked for memory since it began.
 std::int64_t allocations();

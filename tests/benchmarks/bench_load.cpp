@@ -7,6 +7,7 @@
 // clazy:excludeall=non-pod-global-static
 
 #include <QEventLoop>
+#include <QThread>
 #include <QTimer>
 
 #include <algorithm>
@@ -20,6 +21,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include "epoll_event_dispatcher.h"
 #include "terminal_pair.h"
 #include "workplace_fixture.h"
 
@@ -125,6 +127,15 @@ void devices(benchmark::State& state)
     }
 }
 
+/// The same in a thread whose event loop waits with epoll.
+void devicesOverEpoll(benchmark::State& state)
+{
+    const std::unique_ptr<QThread> thread(QThread::create([&state] { devices(state); }));
+    thread->setEventDispatcher(new EpollEventDispatcher);
+    thread->start();
+    thread->wait();
+}
+
 /// The least that it costs to hear of so many terminals with the system call that Qt uses, too.
 void barePollAndRead(benchmark::State& state)
 {
@@ -160,23 +171,13 @@ void barePollAndRead(benchmark::State& state)
     }
 }
 
-BENCHMARK(barePollAndRead)
-    ->Name("load/bare_poll")
-    ->Arg(1)
-    ->Arg(16)
-    ->Arg(64)
-    ->Arg(256)
-    ->Iterations(1)
-    ->Repetitions(3)
-    ->UseManualTime();
-BENCHMARK(devices)
-    ->Name("load/devices")
-    ->Arg(1)
-    ->Arg(16)
-    ->Arg(64)
-    ->Arg(256)
-    ->Iterations(1)
-    ->Repetitions(3)
-    ->UseManualTime();
+void forSoMany(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->ArgsProduct({{1, 16, 64, 256}})->Iterations(1)->Repetitions(3)->UseManualTime();
+}
+
+BENCHMARK(barePollAndRead)->Name("load/bare_poll")->Apply(&forSoMany);
+BENCHMARK(devices)->Name("load/devices")->Apply(&forSoMany);
+BENCHMARK(devicesOverEpoll)->Name("load/devices_over_epoll")->Apply(&forSoMany);
 
 } // namespace

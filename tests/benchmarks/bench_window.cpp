@@ -20,12 +20,17 @@
 
 #include "gui/window_model.h"
 #include "gui/window_view.h"
+#include "services/device_settings.h"
 
 namespace {
 
 constexpr int c_runs = 15;
 constexpr int c_idleMs = 10000;
+constexpr int c_startMs = 2000; // then what belongs to the start is over
 constexpr int c_results = 30;
+constexpr int c_devices = 16;
+constexpr int c_busyMs = 30000;
+constexpr int c_tickMs = 4;
 constexpr int c_limitMs = 120000;
 constexpr double c_perMilli = 1000;
 constexpr double c_perMillion = 1e6;
@@ -54,15 +59,19 @@ struct Cost
     }
 };
 
-WindowOrder orderIn(const QString& folder)
+/// Simulated devices, each of two results a second.
+WindowOrder orderIn(const QString& folder, int devices)
 {
     Settings settings;
-    settings.port = QStringLiteral("simulated");
     settings.pluginFolder = QStringLiteral(PLUGIN_FOLDER);
     settings.dataFolder = folder;
     settings.language = QStringLiteral("en");
+    QStringList names;
+    for (int i = 0; i < devices; ++i) {
+        names.append(settings.port);
+    }
     WindowOrder order;
-    order.devices = {settings};
+    readDevices(names, settings, &order.devices);
     return order;
 }
 
@@ -84,51 +93,108 @@ int showBare(qint64 startUs)
     return QCoreApplication::exec();
 }
 
-int showWindow(const QString& mode, qint64 startUs)
+void printFirstPicture(const WindowView& view, qint64 startUs)
 {
-    const QTemporaryDir folder;
-    WindowModel model(orderIn(folder.path()));
-    WindowView view(model);
-    if (!view.show({1280, 800})) {
-        return 1;
-    }
-    Cost before;
-    QTimer idle;
-    qint64 shownUs = 0;
-    int results = 0;
-    if (mode == QLatin1String("first")) {
-        QObject::connect(view.window(), &QQuickWindow::frameSwapped, qApp, [&] {
-            std::printf("%.1f\n", double(nowUs() - startUs) / c_perMilli);
-            QCoreApplication::exit(0);
-        });
-    } else if (mode == QLatin1String("idle")) {
-        idle.setSingleShot(true);
-        QTimer::singleShot(2000, qApp, [&] { // what belongs to the start is over
-            before = Cost::now();
-            idle.start(c_idleMs);
-        });
-        QObject::connect(&idle, &QTimer::timeout, qApp, [&] {
+    QObject::connect(view.window(), &QQuickWindow::frameSwapped, qApp, [startUs] {
+        std::printf("%.1f\n", double(nowUs() - startUs) / c_perMilli);
+        QCoreApplication::exit(0);
+    });
+}
+
+void printIdleCost()
+{
+    QTimer::singleShot(c_startMs, qApp, [] {
+        const Cost before = Cost::now();
+        QTimer::singleShot(c_idleMs, qApp, [before] {
             const Cost after = Cost::now();
             std::printf("%.2f %ld\n", after.processorMs - before.processorMs, after.wakes - before.wakes);
             QCoreApplication::exit(0);
         });
-    } else {
-        DeviceModel* device = model.devices()->at(0);
-        QObject::connect(device, &DeviceModel::resultShown, qApp, [&] { shownUs = shownUs == 0 ? nowUs() : shownUs; });
-        QObject::connect(
-            view.window(), &QQuickWindow::frameSwapped, qApp,
-            [&] {
-                if (shownUs != 0) {
-                    std::printf("%.2f\n", double(nowUs() - shownUs) / c_perMilli);
-                    shownUs = 0;
-                    if (++results == c_results) {
-                        model.close();
-                    }
+    });
+}
+
+/// From a result that is stored to its picture.
+void printResultTimes(WindowModel& model, const WindowView& view)
+{
+    auto shownUs = std::make_shared<qint64>(0);
+    QObject::connect(model.devices()->at(0), &DeviceModel::resultShown, qApp,
+                     [shownUs] { *shownUs = *shownUs == 0 ? nowUs() : *shownUs; });
+    QObject::connect(
+        view.window(), &QQuickWindow::frameSwapped, qApp,
+        [&model, shownUs, results = 0]() mutable {
+            if (*shownUs != 0) {
+                std::printf("%.2f\n", double(nowUs() - *shownUs) / c_perMilli);
+                *shownUs = 0;
+                if (++results == c_results) {
+                    model.close();
                 }
-            },
-            Qt::DirectConnection);
-        QObject::connect(&model, &WindowModel::sigEnded, qApp, &QCoreApplication::quit);
-        model.connectAll();
+            }
+        },
+        Qt::DirectConnection);
+    model.connectAll();
+}
+
+/// How long the window's thread is held up at a time, by whatever it does, while results come on all devices: how late
+/// a short timer is. Begins with the last device's first result.
+void printHoldUps(WindowModel& model, const WindowView& view)
+{
+    struct Course
+    {
+        QTimer ticks;
+        QElapsedTimer sinceTick;
+        QVector<double> lateMs;
+        int working = 0;
+        int results = 0;
+        int frames = 0;
+    };
+    auto course = std::make_shared<Course>();
+    course->ticks.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&course->ticks, &QTimer::timeout, qApp, [now = course.get()] {
+        now->lateMs.append(double(now->sinceTick.nsecsElapsed()) / c_perMillion - c_tickMs);
+        now->sinceTick.start();
+    });
+    QObject::connect(view.window(), &QQuickWindow::frameSwapped, qApp, [course] { ++course->frames; });
+    for (int i = 0; i < model.devices()->count(); ++i) {
+        QObject::connect(
+            model.devices()->at(i), &DeviceModel::resultShown, qApp, [&model, course, isFirst = true]() mutable {
+                ++course->results;
+                course->working += isFirst ? 1 : 0;
+                if (isFirst && course->working == model.devices()->count()) {
+                    course->results = 0;
+                    course->frames = 0;
+                    course->sinceTick.start();
+                    course->ticks.start(c_tickMs);
+                    QTimer::singleShot(c_busyMs, qApp, [&model, course] {
+                        course->ticks.stop();
+                        std::sort(course->lateMs.begin(), course->lateMs.end());
+                        std::printf("%d %d %.2f %.2f\n", course->results, course->frames,
+                                    course->lateMs.value(course->lateMs.size() * 99 / 100), course->lateMs.constLast());
+                        model.close();
+                    });
+                }
+                isFirst = false;
+            });
+    }
+    model.connectAll();
+}
+
+int showWindow(const QString& mode, qint64 startUs)
+{
+    const QTemporaryDir folder;
+    WindowModel model(orderIn(folder.path(), mode == QLatin1String("devices") ? c_devices : 1));
+    WindowView view(model);
+    if (!view.show({1280, 800})) {
+        return 1;
+    }
+    QObject::connect(&model, &WindowModel::sigEnded, qApp, &QCoreApplication::quit);
+    if (mode == QLatin1String("first")) {
+        printFirstPicture(view, startUs);
+    } else if (mode == QLatin1String("idle")) {
+        printIdleCost();
+    } else if (mode == QLatin1String("result")) {
+        printResultTimes(model, view);
+    } else {
+        printHoldUps(model, view);
     }
     return QCoreApplication::exec();
 }
@@ -168,6 +234,11 @@ int measureAll()
     std::sort(shown.begin(), shown.end());
     std::printf("result taken to picture shown, %d results: median %.1f ms, longest %.1f ms\n", shown.size(),
                 median(shown), shown.isEmpty() ? 0 : shown.constLast());
+    const QVector<double> held = measure(QStringLiteral("devices"), 1);
+    std::printf(
+        "%d devices, %d s: %.0f results, %.0f frames, window's thread held up 1 %% of the time longer than %.1f ms, "
+        "at most %.1f ms\n",
+        c_devices, c_busyMs / 1000, held.value(0), held.value(1), held.value(2), held.value(3));
     return 0;
 }
 
