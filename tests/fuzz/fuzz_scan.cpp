@@ -18,6 +18,7 @@ void fuzz::scan(const QByteArray& bytes)
         FUZZ_CHECK(now >= found);
         found = now;
     }
-    FUZZ_CHECK(found <= talk.line.count("RESP") || !talk.isPlain());
+    // A repeated reply is taken for new: with the one before it, it may make an answer that was on no line.
+    FUZZ_CHECK(found <= talk.delivered.count("RESP") || !talk.isPlain());
     FUZZ_CHECK(!talk.outcome.events.last().startsWith(QLatin1String("end")));
 }

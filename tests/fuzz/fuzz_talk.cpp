@@ -84,6 +84,9 @@ FuzzTalk runFuzzTalk(const TalkSetUp& setUp, FuzzInput& input)
     talk.line = input.rest();
     const QVector<QVariantMap> inPieces = repliesOf(piecesOf(talk.line, manner), repeatEach);
     const QVector<QVariantMap> inOne = repliesOf({talk.line}, 0);
+    for (const QVariantMap& reply : inPieces) {
+        talk.delivered += reply.value(QStringLiteral("frame")).toByteArray();
+    }
     // Each one registers types for the panel, which are never freed.
     static PDeviceHaitor plugin(QUuid::createUuid(), nullptr);
 

@@ -7,6 +7,7 @@
 struct FuzzTalk
 {
     QByteArray line;
+    QByteArray delivered; ///< the same with what was delivered twice
     TalkOutcome outcome;
 
     /// A chunk is converted to text by itself: a line that is not plain may come out otherwise when it is cut.
