@@ -58,6 +58,12 @@ def trace(path):
     return text.encode()
 
 
+def console_words():
+    """What an operator may say, from the dictionary."""
+    with open(os.path.join(os.path.dirname(os.path.abspath(__file__)), "dictionaries", "console.dict")) as words:
+        return [unescaped(word.strip()[1:-1]).strip() for word in words if word.startswith('"')]
+
+
 def files(folder, end):
     return [os.path.join(folder, name) for name in sorted(os.listdir(folder)) if name.endswith(end)]
 
@@ -82,9 +88,11 @@ def main():
     for i, line in enumerate(everything.split(b"\r\n")[:200]):
         write("keep_alive", "line-%d" % i, b"OK:\n\0\1\3\x20\0" + line.replace(b"\n", b" ") + b"\n\0OK:1\n")
     for i, frames in enumerate(["ATS|ATH|ATD 020000000001", "DT:1|SC:TL:2|RE:1|DT:0", "IDLE|TR:C|TR:N|TR:C"]):
-        steps = b"\3ATD 020000000001\n\1....\n" + b"".join(b"\3" + frame.encode() + b"\n" for frame in frames.split("|"))
+        steps = b"\3ATS\n\1" + 60 * b"." + b"\n\3ATH\n\1....\n\3ATD 020000000001\n\1....\n" + b"".join(b"\3" + frame.encode() + b"\n" for frame in frames.split("|"))
         write("dongle", "frames-%d" % i, b"\0\1\1" + steps + b"\0tighten 2\n\1..........\n")
-        write("dongle", "fault-%d" % i, b"\1\1\5\0fault split:3:5\n" + steps)
+        for number, command in enumerate(console_words()):
+            write("dongle", "console-%d-%d" % (i, number),
+                  bytes([number % 3, 1, 5, 0]) + command + b"\n" + steps + b"\0tighten 2\n\1..........\n\0replug\n\1....\n")
     for path in files(os.path.join(ROOT, "examples", "weather"), ".json"):
         write("scenario_reader", os.path.basename(path), read(path))
     write("configuration_file", "example", read(os.path.join(ROOT, "examples", "configuration.json")))
