@@ -10,7 +10,7 @@
 namespace {
 
 constexpr int c_fewEvents = 300;
-constexpr int c_mostGrowthKb = 16000; // after the first quarter, in which caches fill
+constexpr int c_mostGrowthKb = 24000; // after the first quarter, in which caches fill
 
 QStringList& complaintsSoFar()
 {
