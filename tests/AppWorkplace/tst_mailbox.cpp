@@ -17,7 +17,7 @@ private Q_SLOTS:
     void doesNothingInsidePost();
     void worksInTheThreadThatItLivesIn();
     void keepsTheOrderOfEachThread();
-    void workMayPostMore();
+    void whatWorkPostsWaitsForTheNextTurn();
     void workMayDestroyIt();
     void forgetsWhatIsLeftWhenItIsDestroyed();
     void letsGoOfWhatItHasDone();
@@ -78,7 +78,7 @@ void TestMailbox::keepsTheOrderOfEachThread()
     }
 }
 
-void TestMailbox::workMayPostMore()
+void TestMailbox::whatWorkPostsWaitsForTheNextTurn()
 {
     Mailbox mailbox;
     QString order;
@@ -87,6 +87,8 @@ void TestMailbox::workMayPostMore()
         mailbox.post([&] { order += QLatin1Char('c'); });
     });
     mailbox.post([&] { order += QLatin1Char('b'); });
+    turn();
+    QCOMPARE(order, QStringLiteral("ab"));
     turn();
     QCOMPARE(order, QStringLiteral("abc"));
 }

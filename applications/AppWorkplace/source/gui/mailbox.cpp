@@ -6,6 +6,12 @@
 
 Mailbox::Mailbox(QObject* parent) : QObject(parent) {}
 
+Mailbox::~Mailbox()
+{
+    // Whoever destroys it has waited for the other thread with means of Qt: the same holds as for the handing over.
+    const std::lock_guard<std::mutex> lock(m_mutex);
+}
+
 void Mailbox::post(Work work)
 {
     {

@@ -17,8 +17,9 @@ public:
     using Work = std::function<void()>;
 
     explicit Mailbox(QObject* parent = nullptr);
+    ~Mailbox() override;
 
-    /// From any thread.
+    /// From any thread, while it is there.
     void post(Work work);
 
 private Q_SLOTS:
