@@ -58,6 +58,7 @@ void TestMailbox::keepsTheOrderOfEachThread()
     Mailbox mailbox;
     std::array<std::vector<int>, 3> done;
     std::vector<std::thread> posters;
+    posters.reserve(done.size());
     for (std::vector<int>& own : done) {
         posters.emplace_back([&mailbox, &own] {
             for (int i = 0; i < c_posts; ++i) {
