@@ -335,7 +335,9 @@ private Q_SLOTS:
         QCOMPARE(model.data(model.index(0, 0), Qt::UserRole + 1).toString(), c_motorRun);
         QCOMPARE(model.roleNames().value(Qt::UserRole + 1), QByteArray("channelId"));
         QCOMPARE(model.roleNames().value(Qt::UserRole + 2), QByteArray("label"));
+        QCOMPARE(model.headerData(0, Qt::Horizontal, Qt::DisplayRole).toString(), QStringLiteral("channelId"));
         QCOMPARE(model.headerData(1, Qt::Horizontal, Qt::DisplayRole).toString(), QStringLiteral("label"));
+        QVERIFY(!model.headerData(-1, Qt::Horizontal, Qt::DisplayRole).isValid());
         QVERIFY(!model.headerData(1, Qt::Vertical, Qt::DisplayRole).isValid());
         QVERIFY(!model.headerData(2, Qt::Horizontal, Qt::DisplayRole).isValid());
     }
@@ -357,6 +359,20 @@ private Q_SLOTS:
         }
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(!alive.isNull());
+    }
+
+    void tellsOfRowsThatComeAndGo()
+    {
+        OLM_DHaitorChannel model;
+        const QSignalSpy came(&model, &QAbstractItemModel::rowsInserted);
+        const QSignalSpy gone(&model, &QAbstractItemModel::rowsRemoved);
+        model.append(channelWithId(c_direction));
+        model.append(channelWithId(c_motorRun));
+        QCOMPARE(came.count(), 2);
+        QCOMPARE(came.last().at(1).toInt(), 1);
+        QVERIFY(model.removeAt(1));
+        QCOMPARE(gone.count(), 1);
+        QCOMPARE(gone.last().at(1).toInt(), 1);
     }
 
     void modelKeepsTheRulesOfItemModels()
