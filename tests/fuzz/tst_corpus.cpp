@@ -27,10 +27,18 @@ QByteArray unescaped(const QByteArray& line)
     return bytes;
 }
 
+/// The inputs in a file of that folder; none when there is no such file.
+QByteArrayList inputsIn(const QString& folder, const char* target)
+{
+    QFile file(QStringLiteral(FUZZ_INPUTS "/%1/%2.txt").arg(folder, QLatin1String(target)));
+    return file.open(QIODevice::ReadOnly) && file.size() > 0 ? file.readAll().chopped(1).split('\n') : QByteArrayList();
+}
+
 } // namespace
 
-/// The fuzz targets on their committed corpora, as tests: each input takes its target another way. An invariant that
-/// does not hold aborts the program, and Qt Test tells the target and the line of its corpus.
+/// The fuzz targets as tests: on their committed corpora, of which each input takes its target another way, and on the
+/// inputs with which something was found. An invariant that does not hold aborts the program, and Qt Test tells the
+/// target and the line.
 class TestCorpus : public QObject
 {
     Q_OBJECT
@@ -44,13 +52,15 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("input");
         for (const CorpusTarget& target : corpusTargets()) {
             QTest::addRow("%s, nothing", target.name) << target.run << QByteArray();
-            QFile corpus(QStringLiteral(CORPUS "/%1.txt").arg(QLatin1String(target.name)));
-            if (!corpus.open(QIODevice::ReadOnly) || corpus.size() == 0) {
-                qFatal("no corpus in %s", qPrintable(corpus.fileName()));
+            if (inputsIn(QStringLiteral("corpus"), target.name).isEmpty()) {
+                qFatal("%s has no corpus", target.name);
             }
-            const QByteArrayList lines = corpus.readAll().chopped(1).split('\n');
-            for (int i = 0; i < lines.size(); ++i) {
-                QTest::addRow("%s, line %d", target.name, i + 1) << target.run << unescaped(lines.at(i));
+            for (const QString& folder : {QStringLiteral("corpus"), QStringLiteral("findings")}) {
+                const QByteArrayList lines = inputsIn(folder, target.name);
+                for (int i = 0; i < lines.size(); ++i) {
+                    QTest::addRow("%s, %s, line %d", target.name, qPrintable(folder), i + 1)
+                        << target.run << unescaped(lines.at(i));
+                }
             }
         }
     }
