@@ -73,6 +73,7 @@ class TestReplay : public QObject
 
 private Q_SLOTS:
     void everyByteIsReadAsItWas();
+    void theLongestLineIsRead();
     void damagedTraceIsRefused_data();
     void damagedTraceIsRefused();
     void missingFileIsNamed();
@@ -104,6 +105,13 @@ void TestReplay::everyByteIsReadAsItWas()
     Replay replay("0.000000 < " + TraceReader::escaped(all) + "\n", Replayer::Pace::Fast);
     QVERIFY(replay.isOpen());
     QCOMPARE(replay.player->takeChunk(0), std::optional<QByteArray>(all));
+}
+
+void TestReplay::theLongestLineIsRead()
+{
+    const QByteArray moment("0.000001 < ");
+    const QByteArray bytes(TraceReader::c_maxLineBytes - moment.size(), 'A');
+    QCOMPARE(refusalOf(c_head + moment + bytes + "\n" + "0.000002 < B\n"), QString());
 }
 
 void TestReplay::damagedTraceIsRefused_data()

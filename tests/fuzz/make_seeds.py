@@ -88,7 +88,9 @@ def main():
     for i, line in enumerate(everything.split(b"\r\n")[:200]):
         write("keep_alive", "line-%d" % i, b"OK:\n\0\1\3\x20\0" + line.replace(b"\n", b" ") + b"\n\0OK:1\n")
     for i, frames in enumerate(["ATS|ATH|ATD 020000000001", "DT:1|SC:TL:2|RE:1|DT:0", "IDLE|TR:C|TR:N|TR:C"]):
-        steps = b"\3ATS\n\1" + 60 * b"." + b"\n\3ATH\n\1....\n\3ATD 020000000001\n\1....\n" + b"".join(b"\3" + frame.encode() + b"\n" for frame in frames.split("|"))
+        scan = b"\3ATS\n\1" + 60 * b"." + b"\n\3ATH\n\1....\n"
+        steps = scan + b"\3ATD 020000000001\n\1....\n"
+        steps += b"".join(b"\3" + frame.encode() + b"\n" for frame in frames.split("|"))
         write("dongle", "frames-%d" % i, b"\0\1\1" + steps + b"\0tighten 2\n\1..........\n")
         for number, command in enumerate(console_words()):
             write("dongle", "console-%d-%d" % (i, number),
