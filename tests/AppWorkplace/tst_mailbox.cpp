@@ -23,22 +23,13 @@ private Q_SLOTS:
     void letsGoOfWhatItHasDone();
 };
 
-namespace {
-
-void turn()
-{
-    QCoreApplication::sendPostedEvents();
-}
-
-} // namespace
-
 void TestMailbox::doesNothingInsidePost()
 {
     Mailbox mailbox;
     bool isDone = false;
     mailbox.post([&] { isDone = true; });
     QVERIFY(!isDone);
-    turn();
+    QCoreApplication::sendPostedEvents();
     QVERIFY(isDone);
 }
 
@@ -48,7 +39,7 @@ void TestMailbox::worksInTheThreadThatItLivesIn()
     QThread* worker = nullptr;
     std::thread poster([&] { mailbox.post([&] { worker = QThread::currentThread(); }); });
     poster.join();
-    turn();
+    QCoreApplication::sendPostedEvents();
     QCOMPARE(worker, QThread::currentThread());
 }
 
@@ -88,9 +79,9 @@ void TestMailbox::whatWorkPostsWaitsForTheNextTurn()
         mailbox.post([&] { order += QLatin1Char('c'); });
     });
     mailbox.post([&] { order += QLatin1Char('b'); });
-    turn();
+    QCoreApplication::sendPostedEvents();
     QCOMPARE(order, QStringLiteral("ab"));
-    turn();
+    QCoreApplication::sendPostedEvents();
     QCOMPARE(order, QStringLiteral("abc"));
 }
 
@@ -100,7 +91,7 @@ void TestMailbox::workMayDestroyIt()
     bool isLaterDone = false;
     mailbox->post([&] { mailbox.reset(); });
     mailbox->post([&] { isLaterDone = true; });
-    turn();
+    QCoreApplication::sendPostedEvents();
     QVERIFY(mailbox == nullptr);
     QVERIFY(!isLaterDone);
 }
@@ -112,7 +103,7 @@ void TestMailbox::forgetsWhatIsLeftWhenItIsDestroyed()
         Mailbox mailbox;
         mailbox.post([kept] { *kept = true; });
     }
-    turn();
+    QCoreApplication::sendPostedEvents();
     QVERIFY(!*kept);
     QCOMPARE(kept.use_count(), 1L);
 }
@@ -122,7 +113,7 @@ void TestMailbox::letsGoOfWhatItHasDone()
     Mailbox mailbox;
     auto kept = std::make_shared<int>(0);
     mailbox.post([kept] { ++*kept; });
-    turn();
+    QCoreApplication::sendPostedEvents();
     QCOMPARE(*kept, 1);
     QCOMPARE(kept.use_count(), 1L);
 }

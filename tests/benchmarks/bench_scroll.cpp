@@ -5,10 +5,10 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QGuiApplication>
-#include <QQmlComponent>
 #include <QQmlContext>
+#include <QQmlEngine>
 #include <QQuickItem>
-#include <QQuickView>
+#include <QQuickWindow>
 
 #include <algorithm>
 #include <cstdio>
@@ -19,6 +19,7 @@
 
 #include "filled_history.h"
 #include "gui/history_table.h"
+#include "window_scene.h"
 
 namespace {
 
@@ -31,10 +32,7 @@ import "pages"
 import "widgets"
 
 Rectangle {
-    Component.onCompleted: { Style.windowWidth = 1280; Style.windowHeight = 800 }
     color: Style.windowColor
-    height: 800
-    width: 1280
 
     ResultsPage {
         anchors.fill: parent
@@ -56,27 +54,12 @@ double percentile(std::vector<double> values, double part)
     return values.empty() ? 0 : values.at(std::size_t(part * double(values.size() - 1)));
 }
 
-QQuickItem* itemNamed(const QQuickItem* below, const QString& name)
-{
-    const QList<QQuickItem*> children = below->childItems();
-    for (QQuickItem* child : children) {
-        if (child->objectName() == name) {
-            return child;
-        }
-        if (QQuickItem* found = itemNamed(child, name)) {
-            return found;
-        }
-    }
-    return nullptr;
-}
-
 class Scroll
 {
 public:
-    Scroll(QQuickView& view, HistoryTable& table)
-        : m_view(view), m_table(table), m_list(itemNamed(view.contentItem(), QStringLiteral("results.idTable")))
+    Scroll(QQuickWindow& window, QQuickItem* list, HistoryTable& table) : m_window(window), m_table(table), m_list(list)
     {
-        QObject::connect(&view, &QQuickWindow::frameSwapped, &m_loop, &QEventLoop::quit);
+        QObject::connect(&window, &QQuickWindow::frameSwapped, &m_loop, &QEventLoop::quit);
     }
 
     double fullHeight() const { return m_list->property("fullHeight").toDouble(); }
@@ -87,7 +70,7 @@ public:
     {
         const double before = threadMs();
         QMetaObject::invokeMethod(m_list, "scrollTo", Q_ARG(QVariant, position));
-        m_view.update();
+        m_window.update();
         m_loop.exec();
         return threadMs() - before;
     }
@@ -113,13 +96,13 @@ public:
         while (!areRowsLoaded()) {
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         }
-        m_view.update();
+        m_window.update();
         m_loop.exec();
         return double(timer.nsecsElapsed()) / c_nsPerMs;
     }
 
 private:
-    QQuickView& m_view;
+    QQuickWindow& m_window;
     HistoryTable& m_table;
     QQuickItem* m_list;
     QEventLoop m_loop;
@@ -148,30 +131,24 @@ void measure(const char* what, const std::function<double(int)>& frame)
 
 int main(int argc, char* argv[])
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_QUICK_BACKEND", "software");
+    WindowScene::prepare();
     qputenv("QT_QPA_UPDATE_IDLE_TIME", "0");
     const QGuiApplication application(argc, argv);
     const FilledHistory history(FilledHistory::c_million);
 
-    QElapsedTimer timer;
     HistoryTable table(history.folder());
-    QQuickView view;
-    view.rootContext()->setContextProperty(QStringLiteral("historyTable"), &table);
-    QQmlComponent component(view.engine());
-    component.setData(c_document, QUrl(QStringLiteral("qrc:/applications/AppWorkplace/gui/scroll.qml")));
-    QObject* root = component.create();
-    if (root == nullptr) {
-        std::fprintf(stderr, "%s\n", qUtf8Printable(component.errorString()));
+    WindowScene scene;
+    scene.engine()->rootContext()->setContextProperty(QStringLiteral("historyTable"), &table);
+    QElapsedTimer timer;
+    timer.start();
+    if (scene.show(c_document, {1280, 800}) == nullptr) {
+        std::fprintf(stderr, "%s\n", qUtf8Printable(scene.warnings().join(QLatin1Char('\n'))));
         return 1;
     }
-    view.setContent({}, nullptr, root);
-    timer.start();
-    view.show();
     while (table.count() == 0) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
-    Scroll scroll(view, table);
+    Scroll scroll(*scene.window(), scene.item(QStringLiteral("results.idTable")), table);
     scroll.frameAt(0);
     while (!scroll.areRowsLoaded()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
