@@ -85,6 +85,9 @@ private Q_SLOTS:
     void hasTheStagesInTheirOrder();
     void closesTheLineWithoutAWordWhenNoneWasSaid();
 
+    void namesAnotherDeviceThatRepeatsWhatIsSent_data();
+    void namesAnotherDeviceThatRepeatsWhatIsSent();
+
     void leavesTheLockAloneUnlessAResultIsAskedFor();
     void putsTheLockBack_data();
     void putsTheLockBack();
@@ -205,6 +208,30 @@ void TestDoctor::closesTheLineWithoutAWordWhenNoneWasSaid()
     QCOMPARE(fixture.frames(), QStringList());
     QCOMPARE(fixture.talk.constLast(), QStringLiteral("driver closeConnection"));
     QCOMPARE(fixture.ends, 1);
+}
+
+void TestDoctor::namesAnotherDeviceThatRepeatsWhatIsSent_data()
+{
+    QTest::addColumn<QByteArray>("toTheFirstFrame");
+    QTest::addColumn<QByteArray>("toTheSecondFrame");
+    QTest::addColumn<QString>("cause");
+    QTest::newRow("its answers at once") << QByteArray("ATH\r\n\r\nOK\r\n") << QByteArray("ATS\r\n\r\nERROR\r\n")
+                                         << "it said \"OK\", \"ERROR\"";
+    QTest::newRow("its first answer late")
+        << QByteArray("ATH\r\n") << QByteArray("OK\r\nATS\r\n\r\nERROR\r\n") << "it said \"OK\"";
+}
+
+void TestDoctor::namesAnotherDeviceThatRepeatsWhatIsSent()
+{
+    QFETCH(QByteArray, toTheFirstFrame);
+    QFETCH(QByteArray, toTheSecondFrame);
+    QFETCH(QString, cause);
+    DoctorFixture fixture;
+    fixture.answers = {{QStringLiteral("ATH"), toTheFirstFrame}, {QStringLiteral("ATS"), toTheSecondFrame}};
+    fixture.start();
+    fixture.runToTheEnd();
+    QCOMPARE(fixture.problem.what, QStringLiteral("another device than a dongle answers"));
+    QCOMPARE(fixture.problem.cause, cause);
 }
 
 void TestDoctor::leavesTheLockAloneUnlessAResultIsAskedFor()

@@ -80,5 +80,9 @@ bool ProgramRun::waitForOutput(const QString& text)
 
 QByteArray ProgramRun::report() const
 {
-    return "exit status " + QByteArray::number(exitStatus()) + "\nprinted:\n" + m_output + "said:\n" + m_messages;
+    // What is behind 1,024 bytes of a message is not shown by the test library.
+    constexpr int c_mostPrinted = 450;
+    constexpr int c_mostSaid = 300;
+    return "exit status " + QByteArray::number(exitStatus()) + "\nprinted at the end:\n" +
+           m_output.right(c_mostPrinted) + "\nsaid at the end:\n" + m_messages.right(c_mostSaid);
 }

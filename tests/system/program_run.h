@@ -42,7 +42,7 @@ public:
     QString messages() const { return QString::fromUtf8(m_messages); }
     bool waitForOutput(const QString& text);
 
-    /// All of it, for the message of a test that fails.
+    /// How it ended and the last that it wrote, for the message of a test that fails.
     QByteArray report() const;
 
 private:
