@@ -88,6 +88,9 @@ private Q_SLOTS:
     void namesAnotherDeviceThatRepeatsWhatIsSent_data();
     void namesAnotherDeviceThatRepeatsWhatIsSent();
 
+    void knowsALateWordOfTheWrench_data();
+    void knowsALateWordOfTheWrench();
+
     void leavesTheLockAloneUnlessAResultIsAskedFor();
     void putsTheLockBack_data();
     void putsTheLockBack();
@@ -218,7 +221,9 @@ void TestDoctor::namesAnotherDeviceThatRepeatsWhatIsSent_data()
     QTest::newRow("its answers at once") << QByteArray("ATH\r\n\r\nOK\r\n") << QByteArray("ATS\r\n\r\nERROR\r\n")
                                          << "it said \"OK\", \"ERROR\"";
     QTest::newRow("its first answer late")
-        << QByteArray("ATH\r\n") << QByteArray("OK\r\nATS\r\n\r\nERROR\r\n") << "it said \"OK\"";
+        << QByteArray("ATH\r\n") << QByteArray("OK\r\nATS\r\n\r\nERROR\r\n") << "it said \"OK\", \"ERROR\"";
+    QTest::newRow("the same answer to all")
+        << QByteArray("ATH\r\nOK\r\n") << QByteArray("ATS\r\nOK\r\n") << "it said \"OK\", \"OK\"";
 }
 
 void TestDoctor::namesAnotherDeviceThatRepeatsWhatIsSent()
@@ -232,6 +237,28 @@ void TestDoctor::namesAnotherDeviceThatRepeatsWhatIsSent()
     fixture.runToTheEnd();
     QCOMPARE(fixture.problem.what, QStringLiteral("another device than a dongle answers"));
     QCOMPARE(fixture.problem.cause, cause);
+}
+
+void TestDoctor::knowsALateWordOfTheWrench_data()
+{
+    QTest::addColumn<QString>("frame");
+    QTest::addColumn<QByteArray>("late");
+    for (const char* frame : {"ATH", "ATS"}) {
+        for (const char* late : {"OK:1", "OK", "OK:UNT0,ANG90,TRQ12,SNG3,ADT0,NUM1", "RE:F:12.05,1"}) {
+            QTest::addRow("%s before the answer to %s", late, frame) << QString(QLatin1String(frame))
+                                                                     << QByteArray(late) + "\r\n";
+        }
+    }
+}
+
+void TestDoctor::knowsALateWordOfTheWrench()
+{
+    QFETCH(QString, frame);
+    QFETCH(QByteArray, late);
+    DoctorFixture fixture;
+    fixture.answers[frame].prepend(late);
+    fixture.start();
+    QVERIFY2(fixture.runTo(QStringLiteral("passed range")), qPrintable(fixture.problem.cause));
 }
 
 void TestDoctor::leavesTheLockAloneUnlessAResultIsAskedFor()

@@ -185,7 +185,7 @@ void TestDoctorWrench::namesWhatAnotherDeviceSays_data()
     };
     QTest::newRow("a modem") << ScriptedLine::Answers{{"ATH", "\r\nOK\r\n"}, {"", "\r\nERROR\r\n"}} << true << "dongle"
                              << "another device than a dongle answers"
-                             << "it said \"OK\"";
+                             << "it said \"OK\", \"ERROR\"";
     QTest::newRow("a talker") << ScriptedLine::Answers{{"", "$GPGGA,092750.000,5321.6802,N\r\n"}} << false << "dongle"
                               << "another device than a dongle answers"
                               << "it said \"$GPGGA,092750.000,5321.6802,N\"";

@@ -15,6 +15,13 @@ bool isEcho(const QString& line)
     return line == line_words::c_scan;
 }
 
+/// A dongle's answer to a search.
+bool isFound(const QString& line)
+{
+    return line_words::isOfDongle(line) &&
+           (line.startsWith(line_words::c_heard) || line.startsWith(line_words::c_refused));
+}
+
 } // namespace
 
 DongleStage::DongleStage(DoctorBench& bench)
@@ -29,8 +36,9 @@ void DongleStage::start()
     m_bench.talk.ask(
         c_scan, limitMs(c_answerLimitMs),
         [](const QString& line) {
-            // Behind an echo there may come who it is that echoes.
-            return line.startsWith(c_heard) || line.startsWith(c_refused) || (isForeign(line) && !isEcho(line));
+            // Behind an echo there may come who it is that echoes, and behind a late word of the wrench the dongle.
+            return line.startsWith(c_heard) || line.startsWith(c_refused) ||
+                   (isForeign(line) && !isEcho(line) && line != c_done);
         },
         [this](LineTalk::End end) {
             if (end == LineTalk::End::NotWritten) {
@@ -48,6 +56,9 @@ void DongleStage::judge()
     QStringList foreign;
     std::copy_if(lines.cbegin(), lines.cend(), std::back_inserter(foreign), &line_words::isForeign);
     const int echoes = foreign.removeAll(line_words::c_scan);
+    if (std::any_of(lines.cbegin(), lines.cend(), &isFound)) {
+        foreign.removeAll(line_words::c_done); // the wrench's, then, and late
+    }
     const QString last = lines.isEmpty() ? QString() : lines.constLast();
     m_bench.holdsALink = last == line_words::c_linkIsOpenAlready;
     if (echoes > 0 && foreign.isEmpty()) {

@@ -24,5 +24,5 @@ bool line_words::isOfDongle(const QString& line)
 
 bool line_words::isForeign(const QString& line)
 {
-    return isReadable(line) && !isOfDongle(line) && !line.startsWith(c_result);
+    return isReadable(line) && !isOfDongle(line) && !line.startsWith(c_result) && !line.startsWith(c_answered);
 }

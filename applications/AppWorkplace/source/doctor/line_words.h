@@ -20,6 +20,8 @@ inline const QString c_tightening = QStringLiteral("ERR:5");
 inline const QString c_heard = QStringLiteral("RESP");
 inline const QString c_locked = QStringLiteral("OK:1");
 inline const QString c_unlocked = QStringLiteral("OK:0");
+inline const QString c_answered = QStringLiteral("OK:"); ///< begins each answer of a wrench but one
+inline const QString c_done = QStringLiteral("OK");      ///< that one; a modem says it, too
 inline const QString c_result = QStringLiteral("RE:F:");
 
 /// Text that is not empty, in ASCII, without control characters: what a line of the right speed looks like.
