@@ -1,17 +1,13 @@
-# workplace_add_test(<name> [SOURCES …] [LIBRARIES …] [LABEL unit|system|slow] [TIMEOUT seconds] [DEFINITIONS …]
-#                    [QUICK])
+# workplace_add_test(<name> [SOURCES …] [LIBRARIES …] [LABEL unit|system|slow] [DEFINITIONS …] [QUICK])
 # One Qt Test program made of <name>.cpp and SOURCES. Labels: unit (no process, no terminal, no waiting), system (runs
 # the built programs), slow (system, and longer than ten seconds). QUICK: it shows a Qt Quick scene.
 
 find_package(Qt5 5.15 REQUIRED COMPONENTS Test)
 
 function(workplace_add_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "QUICK" "LABEL;TIMEOUT" "SOURCES;LIBRARIES;DEFINITIONS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "QUICK" "LABEL" "SOURCES;LIBRARIES;DEFINITIONS")
   if(NOT arg_LABEL)
     set(arg_LABEL unit)
-  endif()
-  if(NOT arg_TIMEOUT)
-    set(arg_TIMEOUT 60)
   endif()
 
   add_executable(${name} ${name}.cpp ${arg_SOURCES})
@@ -31,5 +27,5 @@ function(workplace_add_test name)
       ASAN_OPTIONS=fast_unwind_on_malloc=0:malloc_context_size=16:quarantine_size_mb=4
       "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/sanitizers/leaks-of-qt.supp:print_suppressions=0")
   endif()
-  set_tests_properties(${name} PROPERTIES LABELS ${arg_LABEL} TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${environment}")
+  set_tests_properties(${name} PROPERTIES LABELS ${arg_LABEL} ENVIRONMENT "${environment}")
 endfunction()
