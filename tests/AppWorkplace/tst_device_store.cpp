@@ -122,7 +122,7 @@ void TestDeviceStore::refusesAHugeFileByItsSize()
     file.close();
     QString cause;
     QVERIFY(!store.load(&cause));
-    QVERIFY2(cause.contains(QString::number(DeviceStore::c_maxFileBytes)), qPrintable(cause));
+    QVERIFY2(cause.contains(QString::number(JsonObjectFile::c_maxBytes)), qPrintable(cause));
 }
 
 // A file in the place of the folder stops root as well.

@@ -245,8 +245,8 @@ void TestDoctor::knowsALateWordOfTheWrench_data()
     QTest::addColumn<QByteArray>("late");
     for (const char* frame : {"ATH", "ATS"}) {
         for (const char* late : {"OK:1", "OK", "OK:UNT0,ANG90,TRQ12,SNG3,ADT0,NUM1", "RE:F:12.05,1"}) {
-            QTest::addRow("%s before the answer to %s", late, frame) << QString(QLatin1String(frame))
-                                                                     << QByteArray(late) + "\r\n";
+            QTest::addRow("%s before the answer to %s", late, frame)
+                << QString(QLatin1String(frame)) << QByteArray(late) + "\r\n";
         }
     }
 }

@@ -1,3 +1,4 @@
+#include <QFile>
 #include <QImage>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -99,6 +100,21 @@ private Q_SLOTS:
         QCOMPARE(gui.exitStatus(), 0);
         QCOMPARE(gui.messages(), QString());
         QVERIFY(!QImage(file("results.png")).isNull());
+    }
+
+    void saysThatItCannotReadHowItWasLeft()
+    {
+        QFile left(file("window.json"));
+        QVERIFY(left.open(QIODevice::WriteOnly));
+        left.write("{\"theme\": ");
+        left.close();
+        WorkplaceRun gui;
+        gui.keepStoreIn(m_folder.path());
+        QVERIFY(gui.start({QStringLiteral("gui"), QStringLiteral("--screenshot"), file("left.png")}));
+        QVERIFY(gui.waitForEnd());
+        QCOMPARE(gui.exitStatus(), 0);
+        QVERIFY2(gui.messages().contains(left.fileName()), gui.report());
+        QVERIFY(!QImage(file("left.png")).isNull());
     }
 
     void saysWhenAPictureCannotBeWritten()

@@ -616,17 +616,6 @@ Optionen aller Befehle:
     </message>
 </context>
 <context>
-    <name>DeviceStore</name>
-    <message>
-        <source>it holds no JSON object</source>
-        <translation>sie enthält kein JSON-Objekt</translation>
-    </message>
-    <message>
-        <source>it is longer than %1 bytes</source>
-        <translation>sie ist länger als %1 Byte</translation>
-    </message>
-</context>
-<context>
     <name>Doctor</name>
     <message>
         <source>&quot;%1&quot; has failed</source>
@@ -964,6 +953,22 @@ Optionen aller Befehle:
         <source>look at the folder and its rights</source>
         <translation>prüfen Sie den Ordner und seine Rechte</translation>
     </message>
+    <message>
+        <source>see that the folder can be written, or name another with --data</source>
+        <translation>sorgen Sie dafür, dass der Ordner beschreibbar ist, oder nennen Sie mit --data einen anderen</translation>
+    </message>
+    <message>
+        <source>how the window looks cannot be kept in %1</source>
+        <translation>das Aussehen des Fensters kann nicht in %1 aufgehoben werden</translation>
+    </message>
+    <message>
+        <source>how the window looked cannot be read from %1</source>
+        <translation>das Aussehen des Fensters kann nicht aus %1 gelesen werden</translation>
+    </message>
+    <message>
+        <source>choose theme and language anew; that replaces the file</source>
+        <translation>wählen Sie Farben und Sprache neu; das ersetzt die Datei</translation>
+    </message>
 </context>
 <context>
     <name>HeardWrenches</name>
@@ -1148,6 +1153,17 @@ Optionen aller Befehle:
     <message>
         <source>not good</source>
         <translation>nicht gut</translation>
+    </message>
+</context>
+<context>
+    <name>JsonObjectFile</name>
+    <message>
+        <source>it holds no JSON object</source>
+        <translation>sie enthält kein JSON-Objekt</translation>
+    </message>
+    <message>
+        <source>it is longer than %1 bytes</source>
+        <translation>sie ist länger als %1 Byte</translation>
     </message>
 </context>
 <context>

@@ -616,17 +616,6 @@ Options de toutes les commandes :
     </message>
 </context>
 <context>
-    <name>DeviceStore</name>
-    <message>
-        <source>it holds no JSON object</source>
-        <translation>il ne contient pas d’objet JSON</translation>
-    </message>
-    <message>
-        <source>it is longer than %1 bytes</source>
-        <translation>il dépasse %1 octets</translation>
-    </message>
-</context>
-<context>
     <name>Doctor</name>
     <message>
         <source>&quot;%1&quot; has failed</source>
@@ -964,6 +953,22 @@ Options de toutes les commandes :
         <source>look at the folder and its rights</source>
         <translation>vérifiez le dossier et ses droits</translation>
     </message>
+    <message>
+        <source>see that the folder can be written, or name another with --data</source>
+        <translation>vérifiez que le dossier est accessible en écriture, ou indiquez-en un autre avec --data</translation>
+    </message>
+    <message>
+        <source>how the window looks cannot be kept in %1</source>
+        <translation>l’aspect de la fenêtre ne peut pas être conservé dans %1</translation>
+    </message>
+    <message>
+        <source>how the window looked cannot be read from %1</source>
+        <translation>l’aspect de la fenêtre ne peut pas être lu dans %1</translation>
+    </message>
+    <message>
+        <source>choose theme and language anew; that replaces the file</source>
+        <translation>choisissez de nouveau le thème et la langue ; cela remplace le fichier</translation>
+    </message>
 </context>
 <context>
     <name>HeardWrenches</name>
@@ -1148,6 +1153,17 @@ Options de toutes les commandes :
     <message>
         <source>not good</source>
         <translation>pas bon</translation>
+    </message>
+</context>
+<context>
+    <name>JsonObjectFile</name>
+    <message>
+        <source>it holds no JSON object</source>
+        <translation>il ne contient pas d’objet JSON</translation>
+    </message>
+    <message>
+        <source>it is longer than %1 bytes</source>
+        <translation>il dépasse %1 octets</translation>
     </message>
 </context>
 <context>

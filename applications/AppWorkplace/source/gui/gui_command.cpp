@@ -4,7 +4,11 @@
 
 #include "../cli/number_options.h"
 #include "../services/device_settings.h"
+#include "../services/language.h"
+#include "../services/translations.h"
+#include "../services/workplace.h"
 #include "small_picture.h"
+#include "window_memory.h"
 #include "window_model.h"
 #include "window_view.h"
 
@@ -98,7 +102,9 @@ GuiCommand::~GuiCommand() = default;
 
 void GuiCommand::start()
 {
+    recall();
     m_model = std::make_unique<WindowModel>(m_order);
+    m_memory->follow(*m_model);
     m_view = std::make_unique<WindowView>(*m_model);
     connect(m_model.get(), &WindowModel::sigEnded, this, [this] { Q_EMIT sigDone(m_exitStatus); });
     if (!m_view->show(m_order.size)) {
@@ -132,6 +138,23 @@ void GuiCommand::start()
         connect(m_model->devices()->at(0), &DeviceModel::resultChanged, this, &GuiCommand::takePictureWhenReady,
                 Qt::QueuedConnection);
     }
+}
+
+void GuiCommand::recall()
+{
+    m_memory = std::make_unique<WindowMemory>(Workplace::dataFolder(m_settings));
+    const QString mend = tr("see that the folder can be written, or name another with --data");
+    connect(m_memory.get(), &WindowMemory::sigNotKept, this, [this, mend](const QString& cause) {
+        tell({Problem::Kind::SetUp, QStringLiteral("gui"),
+              tr("how the window looks cannot be kept in %1").arg(m_memory->file()), cause, mend});
+    });
+    QString cause;
+    if (!m_memory->recall(m_order, &cause)) {
+        tell({Problem::Kind::SetUp, QStringLiteral("gui"),
+              tr("how the window looked cannot be read from %1").arg(m_memory->file()), cause,
+              tr("choose theme and language anew; that replaces the file")});
+    }
+    translations::install(language::choose(m_order.devices.first()).name);
 }
 
 void GuiCommand::interrupt()

@@ -7,6 +7,7 @@
 #include "../cli/command_line.h"
 #include "window_order.h"
 
+class WindowMemory;
 class WindowModel;
 class WindowView;
 
@@ -25,10 +26,13 @@ public:
     void interrupt() override;
 
 private:
+    /// What the order does not say is as it was left.
+    void recall();
     void takePictureWhenReady();
     void takePicture();
 
-    const WindowOrder m_order;
+    WindowOrder m_order;
+    std::unique_ptr<WindowMemory> m_memory;
     std::unique_ptr<WindowModel> m_model;
     std::unique_ptr<WindowView> m_view;
     QTimer m_pictureLimit;

@@ -11,7 +11,7 @@ struct WindowOrder
 {
     QList<Settings> devices; ///< at least one
     QString page = QStringLiteral("work");
-    QString theme = QStringLiteral("light");
+    QString theme; ///< empty: not said
     QSize size = {1280, 800};
     bool connects = false; ///< each device whose wrench is known begins to work at once
     QString screenshot;    ///< the file of a picture, with which it ends; empty: none
