@@ -17,8 +17,9 @@ function(workplace_add_test name)
   target_compile_options(${name} PRIVATE -O0 -U_FORTIFY_SOURCE)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
   add_test(NAME ${name} COMMAND ${name})
-  # What this user has configured is nothing to the tests.
-  set(environment QT_QPA_PLATFORM=offscreen TZ=UTC LC_ALL=C.UTF-8
+  # What this user has configured is nothing to the tests. The time limit is that of CTest; Qt's own, five minutes for
+  # a function, would come before it.
+  set(environment QT_QPA_PLATFORM=offscreen TZ=UTC LC_ALL=C.UTF-8 QTEST_FUNCTION_TIMEOUT=7200000
     "XDG_CONFIG_HOME=${PROJECT_BINARY_DIR}/tests/no-configuration")
   if(arg_QUICK)
     # Stacks as deep as it takes to tell the leaks of Qt by the functions that they come from; deeper ones cost time.
