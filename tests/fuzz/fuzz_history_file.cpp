@@ -35,7 +35,8 @@ QByteArray damagedFile(FuzzInput& input)
     }
     QByteArray file = goodFile();
     for (int patch = 0; patch < c_mostPatches && !input.isAtEnd(); ++patch) {
-        const int place = c_page * input.number(0, 255) + input.number(0, 255);
+        int place = c_page * input.number(0, 255);
+        place += input.number(0, 255);
         const QByteArray bytes = input.bytes(input.number(0, 15));
         if (bytes.isEmpty()) {
             file.truncate(place);

@@ -98,7 +98,8 @@ void fuzz::keep_alive(const QByteArray& bytes)
     FilteredLine whole;
     Expectation expectation;
     QByteArray arrived;
-    const QByteArray response = input.until('\n') + (input.flag() ? "" : "\r\n");
+    QByteArray response = input.until('\n');
+    response += input.flag() ? "" : "\r\n"; // behind it: what is read first is not left to the compiler
     if (response.isEmpty()) {
         return; // the command refuses it
     }
