@@ -40,6 +40,9 @@ private Q_SLOTS:
     void endsALineThatWasCutOffWhenTheResponseItselfEndsItsLine();
     void anAnswerWithoutEndDoesNotCostTheNextQuestion();
     void leavesLinesAloneWhileItHasNotAsked();
+    void leavesTheAnswerToAFrameThatOvertakesItsOwn();
+    void doesNotMissAnAnswerThatAFrameHasOvertaken();
+    void takesOutAnAnswerThatBeganBeforeTheFrame();
     void passesWhatFollowsAnAnswerWithoutLineEnd();
     void givesBackWhatOnlyBeganLikeTheAnswer();
     void givesBackWhatItHeldWhenTheLineCloses();
@@ -360,6 +363,39 @@ void TestKeepAlive::leavesLinesAloneWhileItHasNotAsked()
 {
     set();
     m_driver->port->arrive("OK:1\r\n");
+    QCOMPARE(heard(m_listener), QByteArray("OK:1\r\n"));
+}
+
+// The wrench has not heard the question: the only answer is the frame's.
+void TestKeepAlive::leavesTheAnswerToAFrameThatOvertakesItsOwn()
+{
+    set();
+    waitForTheQuestion();
+    const Run write = m_driver->write("DT:1\r\n");
+    m_driver->port->leave();
+    m_driver->port->arrive("OK:1\r\n");
+    QCOMPARE(heard(m_listener), QByteArray("OK:1\r\n"));
+}
+
+void TestKeepAlive::doesNotMissAnAnswerThatAFrameHasOvertaken()
+{
+    set();
+    askInVain(2);
+    waitForTheQuestion();
+    const Run write = m_driver->write("DT:1\r\n");
+    m_driver->port->leave();
+    m_driver->clock->advance(2000);
+    QCOMPARE(m_driver->property("connected"), QVariant(true));
+}
+
+void TestKeepAlive::takesOutAnAnswerThatBeganBeforeTheFrame()
+{
+    set();
+    waitForTheQuestion();
+    m_driver->port->arrive("O");
+    const Run write = m_driver->write("DT:1\r\n");
+    m_driver->port->leave();
+    m_driver->port->arrive("K:0\r\nOK:1\r\n");
     QCOMPARE(heard(m_listener), QByteArray("OK:1\r\n"));
 }
 

@@ -43,6 +43,15 @@ private:
     KeepAlive m_filter{m_clock, callbacks()};
 };
 
+/// How things stood when somebody else's frame went out.
+struct Frame
+{
+    bool isBetweenLines = false; // else the answer may have begun
+    int asked = 0;
+    int arrived = 0;
+    int passedOn = 0;
+};
+
 /// What has arrived and must come out: pieces of lines that end with a line's end or with a question.
 class Expectation
 {
@@ -90,7 +99,8 @@ private:
 } // namespace
 
 /// The keep-alive's filter: what arrives in pieces leaves as what arrives whole, nothing is taken out before anything
-/// was asked, no line but an answer is ever taken out, and of what is added there is at most a line's end a question.
+/// was asked, nor between a frame and the next question, no line but an answer is ever taken out, and of what is added
+/// there is at most a line's end a question.
 void fuzz::keep_alive(const QByteArray& bytes)
 {
     FuzzInput input(bytes);
@@ -98,6 +108,7 @@ void fuzz::keep_alive(const QByteArray& bytes)
     FilteredLine whole;
     Expectation expectation;
     QByteArray arrived;
+    Frame frame;
     QByteArray response = input.until('\n');
     response += input.flag() ? "" : "\r\n"; // behind it: what is read first is not left to the compiler
     if (response.isEmpty()) {
@@ -134,8 +145,13 @@ void fuzz::keep_alive(const QByteArray& bytes)
         if (whole.asked > askedBefore) {
             expectation.cut();
         }
+        if (operation == 4) {
+            frame = {arrived.isEmpty() || arrived.endsWith('\n'), whole.asked, arrived.size(), whole.passedOn.size()};
+        }
         FUZZ_CHECK(inPieces.passedOn == whole.passedOn);
         FUZZ_CHECK(whole.asked > 0 || whole.passedOn == arrived);
+        FUZZ_CHECK(!frame.isBetweenLines || whole.asked > frame.asked ||
+                   whole.passedOn.mid(frame.passedOn) == arrived.mid(frame.arrived));
     }
     inPieces.stop();
     whole.stop();

@@ -67,6 +67,10 @@ void KeepAlive::quietFor(int ms)
 
 void KeepAlive::frameSent()
 {
+    if (m_isAsking && m_heldBack == 0) { // an answer that has begun is not the frame's
+        m_isAsking = false;
+        m_clock.cancel(std::exchange(m_answerTimer, 0));
+    }
     if (isSet()) {
         quietFor(std::max(m_silenceMs, c_answerLimitMs));
     }

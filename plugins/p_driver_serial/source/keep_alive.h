@@ -10,11 +10,15 @@
 ///
 ///     off --set, start--> quiet --silence over, frame sent--> asking --answer--> quiet
 ///                                                               \--2 s without--> quiet, one more is missing
+///                                                                \--somebody else's frame--> quiet
 ///
 /// Three answers missing in a row: the device is lost, until it answers again. It is asked on and on.
 ///
 /// The silence starts anew with every byte in either direction. After a frame of somebody else that has had no answer
 /// yet it lasts at least the 2 s that an answer may take, so that nothing is asked between a frame and its answer.
+///
+/// A frame that goes out before the answer has begun ends the question, for whose answer comes next cannot be told. An
+/// answer too many is passed over by those who wait for another; one too few would leave them waiting.
 class KeepAlive
 {
 public:
