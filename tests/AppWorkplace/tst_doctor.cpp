@@ -98,6 +98,7 @@ private Q_SLOTS:
     void namesTheCommandWhenTheLockIsNotPutBack();
     void stopsWhatAFailedStageHasLeftRunning();
     void takesTheConfiguredSpeedAgainBehindTheTrial();
+    void findsTheSpeedBehindGarbageOfAnother();
 };
 
 void TestDoctor::tellsOfEachStageBeforeItWorks()
@@ -378,6 +379,21 @@ void TestDoctor::takesTheConfiguredSpeedAgainBehindTheTrial()
     // Six common speeds, of which one is the configured one.
     QCOMPARE(fixture.talk.filter(QStringLiteral("driver closeConnection")).size(), 5 + 1 + 1);
     QCOMPARE(fixture.summary.exitStatus, 3);
+}
+
+void TestDoctor::findsTheSpeedBehindGarbageOfAnother()
+{
+    DoctorFixture fixture;
+    fixture.answers.clear();
+    int closings = 0;
+    fixture.driver->setReaction(QStringLiteral("closeConnection"),
+                                {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, [&] {
+                                     // 57600 is the fourth of the speeds. The call begins with a line end.
+                                     fixture.answers[QString()] = ++closings == 4 ? "ATH\r\n" : "\x81\xfe";
+                                 }});
+    fixture.start();
+    fixture.runToTheEnd();
+    QCOMPARE(fixture.problem.what, QStringLiteral("the dongle answers at another speed: 57600"));
 }
 
 QTEST_GUILESS_MAIN(TestDoctor)

@@ -44,6 +44,8 @@ public:
     /// Something has come since then, a whole line or not.
     bool hasHeard() const { return m_observer.heardBytes() > m_forgottenBytes; }
     void forget();
+    /// The line has been away: what comes now is not the rest of what came before.
+    void forgetPartialLine() { m_observer.forgetPartialLine(); }
 
     QString writeError() const { return m_writeError; }
     /// A frame was sent, ever.

@@ -72,6 +72,7 @@ void SpeedTrial::setSpeed(const QJsonValue& baud, void (SpeedTrial::*then)())
     connect(m_closing.get(), &DOrder::sigFinished, this, [this, baud, then] {
         m_closing.release()->deleteLater();
         if (m_isRunning) {
+            m_bench.talk.forgetPartialLine();
             m_bench.driver->setInPluginConfig(c_speedKey, baud);
             (this->*then)();
         }
