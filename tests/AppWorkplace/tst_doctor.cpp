@@ -91,6 +91,8 @@ private Q_SLOTS:
     void knowsALateWordOfTheWrench_data();
     void knowsALateWordOfTheWrench();
 
+    void knowsARefusedSearch();
+
     void leavesTheLockAloneUnlessAResultIsAskedFor();
     void putsTheLockBack_data();
     void putsTheLockBack();
@@ -245,7 +247,7 @@ void TestDoctor::knowsALateWordOfTheWrench_data()
     QTest::addColumn<QString>("frame");
     QTest::addColumn<QByteArray>("late");
     for (const char* frame : {"ATH", "ATS"}) {
-        for (const char* late : {"OK:1", "OK", "OK:UNT0,ANG90,TRQ12,SNG3,ADT0,NUM1", "RE:F:12.05,1"}) {
+        for (const char* late : {"OK:1", "OK", "OK:UNT0,ANG90,TRQ12,SNG3,ADT0,NUM1", "RE:F:12.05,1", "ERR:5"}) {
             QTest::addRow("%s before the answer to %s", late, frame)
                 << QString(QLatin1String(frame)) << QByteArray(late) + "\r\n";
         }
@@ -260,6 +262,16 @@ void TestDoctor::knowsALateWordOfTheWrench()
     fixture.answers[frame].prepend(late);
     fixture.start();
     QVERIFY2(fixture.runTo(QStringLiteral("passed range")), qPrintable(fixture.problem.cause));
+}
+
+void TestDoctor::knowsARefusedSearch()
+{
+    DoctorFixture fixture;
+    fixture.answers[QStringLiteral("ATS")] = "ERR:4\r\n";
+    fixture.start();
+    fixture.runToTheEnd();
+    QCOMPARE(fixture.problem.what, QStringLiteral("the dongle refuses to search"));
+    QCOMPARE(fixture.problem.cause, QStringLiteral("it said \"ERR:4\""));
 }
 
 void TestDoctor::leavesTheLockAloneUnlessAResultIsAskedFor()

@@ -37,7 +37,8 @@ void DongleStage::start()
         c_scan, limitMs(c_answerLimitMs),
         [](const QString& line) {
             // Behind an echo there may come who it is that echoes, and behind a late word of the wrench the dongle.
-            return line.startsWith(c_heard) || line.startsWith(c_refused) ||
+            // Of what is refused, too: only that a link is open says nobody but the dongle.
+            return line.startsWith(c_heard) || line == c_linkIsOpenAlready ||
                    (isForeign(line) && !isEcho(line) && line != c_done);
         },
         [this](LineTalk::End end) {
