@@ -92,6 +92,7 @@ private Q_SLOTS:
     void knowsALateWordOfTheWrench();
 
     void knowsARefusedSearch();
+    void asksALinkedWrenchTwiceForItsLock();
 
     void leavesTheLockAloneUnlessAResultIsAskedFor();
     void putsTheLockBack_data();
@@ -272,6 +273,17 @@ void TestDoctor::knowsARefusedSearch()
     fixture.runToTheEnd();
     QCOMPARE(fixture.problem.what, QStringLiteral("the dongle refuses to search"));
     QCOMPARE(fixture.problem.cause, QStringLiteral("it said \"ERR:4\""));
+}
+
+// The first answer may be what the wrench said to whoever has left the link open.
+void TestDoctor::asksALinkedWrenchTwiceForItsLock()
+{
+    DoctorFixture fixture;
+    fixture.answers[QStringLiteral("ATS")] = "ERR:2\r\n";
+    fixture.answers[QStringLiteral("DI:C")] = "OK:1\r\nOK:0\r\n";
+    fixture.start();
+    QVERIFY(fixture.runTo(QStringLiteral("passed wrench")));
+    QVERIFY(!fixture.bench.lock.wasLocked());
 }
 
 void TestDoctor::leavesTheLockAloneUnlessAResultIsAskedFor()

@@ -30,6 +30,12 @@ WrenchStage::WrenchStage(DoctorBench& bench)
 
 void WrenchStage::start()
 {
+    ask();
+}
+
+void WrenchStage::ask()
+{
+    ++m_asked;
     m_bench.talk.forget();
     m_bench.talk.ask(
         line_words::c_probe, limitMs(c_answerLimitMs),
@@ -37,7 +43,11 @@ void WrenchStage::start()
         [this](LineTalk::End end) {
             switch (end) {
             case LineTalk::End::Answered:
-                judge(m_bench.talk.lines().constLast());
+                if (m_bench.holdsALink && m_asked == 1) {
+                    ask(); // what came may be a late word to whoever has left the link open
+                } else {
+                    judge(m_bench.talk.lines().constLast());
+                }
                 break;
             case LineTalk::End::NotWritten:
                 failUnwritten();

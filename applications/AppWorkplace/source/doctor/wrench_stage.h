@@ -13,6 +13,9 @@ public:
     void start() override;
 
 private:
+    void ask();
     void judge(const QString& answer);
     void failUnanswered();
+
+    int m_asked = 0;
 };
