@@ -206,6 +206,7 @@ void printHoldUps(WindowModel& model, const WindowView& view)
 
 int showWindow(const QString& mode, qint64 startUs)
 {
+    WindowView::loadIconReader();
     const QTemporaryDir folder;
     WindowModel model(orderIn(folder.path(), mode == QLatin1String("devices") ? c_devices : 1));
     WindowView view(model);

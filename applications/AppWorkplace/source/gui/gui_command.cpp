@@ -102,6 +102,7 @@ GuiCommand::~GuiCommand() = default;
 
 void GuiCommand::start()
 {
+    WindowView::loadIconReader();
     recall();
     m_model = std::make_unique<WindowModel>(m_order);
     m_memory->follow(*m_model);

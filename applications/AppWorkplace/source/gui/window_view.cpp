@@ -1,13 +1,21 @@
 #include "window_view.h"
 
+#include <QImageReader>
 #include <QPainter>
 #include <QQmlComponent>
 #include <QQmlContext>
 #include <QQuickItem>
+#include <QThreadPool>
 
 #include <utility>
 
 #include "window_types.h"
+
+void WindowView::loadIconReader()
+{
+    QThreadPool::globalInstance()->start(
+        [] { QImageReader(QStringLiteral(":/applications/AppWorkplace/gui/icons/icon-work.svg")).read(); });
+}
 
 WindowView::WindowView(WindowModel& model, QObject* parent) : QObject(parent)
 {

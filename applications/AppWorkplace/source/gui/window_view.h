@@ -16,6 +16,10 @@ class WindowView : public QObject
     Q_OBJECT
 
 public:
+    /// Loads what reads the icons, in a thread of its own: it takes as long as several documents, which are loaded
+    /// meanwhile. For the first picture to come sooner it is called first of all; it may be left out.
+    static void loadIconReader();
+
     /// The model outlives it.
     explicit WindowView(WindowModel& model, QObject* parent = nullptr);
     ~WindowView() override;
