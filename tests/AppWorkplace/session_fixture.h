@@ -23,7 +23,14 @@ public:
         , session(std::make_unique<Session>(LinkedDevice{host, clock, *device, *driver, port}, order))
     {
         driver->setReaction(QStringLiteral("listenEventsData"), {Reaction::Kind::Silence, {}, [this] { openLine(); }});
+        whenDialled([] {});
         whenUnlocked([] {});
+        driver->setReaction(QStringLiteral("write"),
+                            {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, [this] {
+                                 if (talk.constLast().contains(QLatin1String("frame=ATH"))) {
+                                     say("ATH\r\n");
+                                 }
+                             }});
         QObject::connect(session.get(), &Session::sigStepDone, session.get(),
                          [this](Session::Step step, qint64 elapsedMs) {
                              events.append(QStringLiteral("done %1 %2").arg(textOf(step).name).arg(elapsedMs));
@@ -111,6 +118,28 @@ public:
     {
         device->setReaction(QLatin1String(command), {Reaction::Kind::Answer, results, {}});
     }
+    /// The dongle has a link already, so often as it is searched; the last of the links is opened anew.
+    void holdALink(int times)
+    {
+        device->setReaction(QStringLiteral("searchAndConnect"),
+                            {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, [this, times] {
+                                 say("ERR:2\r\nOK:0\r\n");
+                                 if (times > 1) {
+                                     holdALink(times - 1);
+                                 } else {
+                                     whenDialled([] {});
+                                 }
+                             }});
+    }
+    /// The wrench is heard and linked, and does that before the command ends.
+    void whenDialled(const std::function<void()>& action)
+    {
+        device->setReaction(QStringLiteral("searchAndConnect"),
+                            {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, [this, action] {
+                                 say("RESP 02:00:00:00:00:01 TW60 2210 -61\r\nATD 020000000001\r\nDATA\r\n");
+                                 action();
+                             }});
+    }
     /// The wrench is unlocked, and does that before it says so.
     void whenUnlocked(const std::function<void()>& action)
     {
@@ -122,6 +151,15 @@ public:
     }
     void react(const QString& command, Reaction::Kind kind) { device->setReaction(command, {kind, {}, {}}); }
 
+    /// The last entries of the talk, however the session has ended once its line was open.
+    static QStringList orderlyEnd()
+    {
+        return {QStringLiteral("driver setKeepAliveFonction frame= responseFrame="),
+                QStringLiteral("driver write frame=ATH\r\n timeout=500"), QStringLiteral("driver closeConnection"),
+                QStringLiteral("device stopped listenEventsData"), QStringLiteral("driver stopped listenEventsData")};
+    }
+    /// As many of the last entries.
+    QStringList lastTalk(int count) const { return talk.mid(talk.size() - count); }
     /// How the talk ended: from the first entry with that text on.
     QStringList talkFrom(const QString& entry) const { return talk.mid(talk.indexOf(entry)); }
 
@@ -183,6 +221,7 @@ private:
         const QMap<QString, QVariant> success{{QStringLiteral("cmd_success"), true}};
         return {{QStringLiteral("listenEventsData"), {}},
                 {QStringLiteral("write"), {Reaction::Kind::Answer, success, {}}},
+                {QStringLiteral("setKeepAliveFonction"), {Reaction::Kind::Answer, success, {}}},
                 {QStringLiteral("closeConnection"), {Reaction::Kind::Answer, success, {}}}};
     }
     ScriptedPlugin* make(const QString& name, const QMap<QString, Reaction>& reactions)

@@ -1,3 +1,4 @@
+#include <QSignalSpy>
 #include <QStringList>
 #include <QTest>
 #include <QUuid>
@@ -6,11 +7,6 @@
 #include "session_fixture.h"
 
 namespace {
-
-QStringList orderlyEnd()
-{
-    return {QStringLiteral("driver write frame=ATH\r\n timeout=500"), QStringLiteral("driver closeConnection")};
-}
 
 SessionOrder orderFor(int results, int durationMs)
 {
@@ -31,13 +27,17 @@ private Q_SLOTS:
     void leavesTheSelectionAloneWithoutAProgram();
     void tellsEachStepWithItsTime();
     void tellsTheProgramsWithTheirPresets();
+    void dialsAnewWhenTheDongleHasHeldALink();
+    void saysWhenTheDongleKeepsItsLink();
     void tellsTheSelectedPreset();
     void tellsWhatTheScanHears();
     void getsReadyWithoutListening();
     void endsAfterTheCount();
     void endsAfterTheDuration();
     void listensOnBeforeTheDuration();
-    void showsNoResultAfterTheEnd();
+    void tellsAResultThatIsOnItsWayAtTheEnd();
+    void tellsWhatComesUntilTheDongleHasHungUp();
+    void closesWhenTheDongleDoesNotHangUp();
     void showsAResultThatComesWhileTheWrenchIsBeingUnlocked();
     void countsGoodAndNotGood();
     void tellsTheProgramOfTheListening();
@@ -56,6 +56,7 @@ void TestSessionCourse::runsTheCommandsInOrder()
     fixture.start();
     QCOMPARE(fixture.talk, (QStringList{
                                QStringLiteral("driver listenEventsData subscription=true"),
+                               QStringLiteral("device listenEventsData"),
                                QStringLiteral("device searchAndConnect name=scripted serialId=2210"),
                                QStringLiteral("device sendInitConfig"),
                                QStringLiteral("device listProgram"),
@@ -63,7 +64,6 @@ void TestSessionCourse::runsTheCommandsInOrder()
                                QStringLiteral("device getPresetData progId=2"),
                                QStringLiteral("device getPresetData progId=3"),
                                QStringLiteral("device setProgram progId=2"),
-                               QStringLiteral("device listenEventsData"),
                                QStringLiteral("device setLock lock=false"),
                                QStringLiteral("device setKeepAliveFonction frame=DI:C\r\n responseFrame=OK:"),
                            }));
@@ -107,6 +107,31 @@ void TestSessionCourse::tellsTheProgramsWithTheirPresets()
     QCOMPARE(programs, expected);
 }
 
+// To which wrench that link was nobody knows.
+void TestSessionCourse::dialsAnewWhenTheDongleHasHeldALink()
+{
+    SessionFixture fixture;
+    const QSignalSpy unverified(fixture.session.get(), &Session::sigUnverified);
+    fixture.holdALink(1);
+    fixture.start();
+    QCOMPARE(fixture.talk.filter(QStringLiteral("searchAndConnect")).size(), 2);
+    QCOMPARE(fixture.problems, 0);
+    QVERIFY(fixture.device->isRunning(QStringLiteral("listenEventsData")));
+    QVERIFY(unverified.isEmpty());
+}
+
+void TestSessionCourse::saysWhenTheDongleKeepsItsLink()
+{
+    SessionFixture fixture;
+    const QSignalSpy unverified(fixture.session.get(), &Session::sigUnverified);
+    fixture.holdALink(2);
+    fixture.start();
+    QCOMPARE(fixture.talk.filter(QStringLiteral("searchAndConnect")).size(), 2);
+    QCOMPARE(fixture.problems, 0);
+    QVERIFY(fixture.events.contains(QStringLiteral("done unlock 0")));
+    QCOMPARE(unverified.size(), 1);
+}
+
 void TestSessionCourse::tellsTheSelectedPreset()
 {
     SessionFixture fixture;
@@ -147,7 +172,9 @@ void TestSessionCourse::getsReadyWithoutListening()
     QVERIFY(!fixture.device->isRunning(QStringLiteral("listenEventsData")));
     fixture.session->interrupt();
     fixture.turn();
-    QCOMPARE(fixture.talk.mid(fixture.talk.size() - 2), orderlyEnd());
+    QStringList end = SessionFixture::orderlyEnd();
+    end.removeOne(QStringLiteral("device stopped listenEventsData"));
+    QCOMPARE(fixture.lastTalk(end.size()), end);
 }
 
 void TestSessionCourse::endsAfterTheCount()
@@ -178,7 +205,7 @@ void TestSessionCourse::listensOnBeforeTheDuration()
     QCOMPARE(fixture.ends, 0);
 }
 
-void TestSessionCourse::showsNoResultAfterTheEnd()
+void TestSessionCourse::tellsAResultThatIsOnItsWayAtTheEnd()
 {
     SessionFixture fixture(orderFor(1, 0));
     fixture.start();
@@ -189,8 +216,47 @@ void TestSessionCourse::showsNoResultAfterTheEnd()
             {{QStringLiteral("eventData"), QVariantMap{{QStringLiteral("readingNumber"), number}}}});
     }
     fixture.turn();
-    QCOMPARE(fixture.events.filter(QStringLiteral("result")), QStringList{QStringLiteral("result 1")});
-    QCOMPARE(fixture.summary.good + fixture.summary.notGood, 1);
+    QCOMPARE(fixture.events.filter(QStringLiteral("result")),
+             (QStringList{QStringLiteral("result 1"), QStringLiteral("result 2")}));
+    QCOMPARE(fixture.summary.good + fixture.summary.notGood, 2);
+    QCOMPARE(fixture.ends, 1);
+}
+
+// A wrench that has told a result does not tell it again.
+void TestSessionCourse::tellsWhatComesUntilTheDongleHasHungUp()
+{
+    SessionFixture fixture;
+    fixture.driver->setReaction(QStringLiteral("write"),
+                                {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, {}});
+    fixture.start();
+    fixture.session->interrupt();
+    fixture.turn();
+    fixture.tighten(1);
+    QCOMPARE(fixture.ends, 0);
+    // The last one, and the answer behind it, in one turn.
+    fixture.device->publish(QStringLiteral("listenEventsData"),
+                            {{QStringLiteral("eventData"), QVariantMap{{QStringLiteral("readingNumber"), 2}}}});
+    fixture.say("ATH\r\n");
+    fixture.turn();
+    QCOMPARE(fixture.events.filter(QStringLiteral("result")),
+             (QStringList{QStringLiteral("result 1"), QStringLiteral("result 2")}));
+    QCOMPARE(fixture.summary.good + fixture.summary.notGood, 2);
+    QCOMPARE(fixture.ends, 1);
+}
+
+void TestSessionCourse::closesWhenTheDongleDoesNotHangUp()
+{
+    SessionFixture fixture;
+    fixture.driver->setReaction(QStringLiteral("write"),
+                                {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, {}});
+    fixture.start();
+    fixture.session->interrupt();
+    fixture.turn();
+    fixture.advance(LineEnd::c_answerLimitMs - 1);
+    QCOMPARE(fixture.ends, 0);
+    fixture.advance(1);
+    QCOMPARE(fixture.ends, 1);
+    QCOMPARE(fixture.lastTalk(5), SessionFixture::orderlyEnd());
 }
 
 void TestSessionCourse::showsAResultThatComesWhileTheWrenchIsBeingUnlocked()
@@ -221,7 +287,6 @@ void TestSessionCourse::tellsTheProgramOfTheListening()
 {
     SessionFixture fixture;
     fixture.start();
-    fixture.device->setProperty(QStringLiteral("currentProgId"), 2, false);
     fixture.session->interrupt();
     fixture.turn();
     QCOMPARE(fixture.summary.program, 2);
@@ -264,10 +329,7 @@ void TestSessionCourse::endsOrderlyWhileListening()
     fixture.start();
     fixture.session->interrupt();
     fixture.turn();
-    QCOMPARE(fixture.talkFrom(QStringLiteral("device stopped listenEventsData")),
-             (QStringList{QStringLiteral("device stopped listenEventsData"),
-                          QStringLiteral("driver stopped listenEventsData")} +
-              orderlyEnd()));
+    QCOMPARE(fixture.talkFrom(SessionFixture::orderlyEnd().constFirst()), SessionFixture::orderlyEnd());
 }
 
 void TestSessionCourse::endsOnce()
@@ -288,10 +350,12 @@ void TestSessionCourse::endsThoughTheDriverIsSilent()
     SessionFixture fixture;
     fixture.driver->setReaction(QStringLiteral("write"), {});
     fixture.driver->setReaction(QStringLiteral("closeConnection"), {});
+    fixture.driver->setReaction(QStringLiteral("setKeepAliveFonction"), {});
     fixture.start();
     fixture.session->interrupt();
     fixture.turn();
     QCOMPARE(fixture.ends, 0);
+    fixture.advance(2000);
     fixture.advance(2000);
     fixture.advance(2000);
     QCOMPARE(fixture.ends, 1);

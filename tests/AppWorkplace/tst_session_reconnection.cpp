@@ -55,11 +55,6 @@ void addCommands()
     }
 }
 
-QStringList orderlyEnd()
-{
-    return {QStringLiteral("driver write frame=ATH\r\n timeout=500"), QStringLiteral("driver closeConnection")};
-}
-
 QVector<Kind> kindsOf(const SessionFixture& fixture)
 {
     QVector<Kind> kinds;
@@ -350,9 +345,7 @@ void TestSessionReconnection::endsByTheCountWhileItRestores()
     fixture.tighten(1);
     QCOMPARE(fixture.summary.end, SessionSummary::End::Count);
     QCOMPARE(fixture.talkFrom(QStringLiteral("device stopped sendInitConfig")),
-             (QStringList{QStringLiteral("device stopped sendInitConfig"),
-                          QStringLiteral("driver stopped listenEventsData")} +
-              orderlyEnd()));
+             QStringList{QStringLiteral("device stopped sendInitConfig")} + SessionFixture::orderlyEnd());
 }
 
 void TestSessionReconnection::endsByTheDurationWhileItRestores()
@@ -509,7 +502,7 @@ void TestSessionReconnection::givesUpAtTheLimit()
     QCOMPARE(fixture.problem.exitStatus(), exitStatus);
     QCOMPARE(fixture.problem.what, QStringLiteral("the link to the wrench 2210 was not restored within 5 s"));
     QVERIFY(!fixture.problem.cause.isEmpty());
-    QCOMPARE(fixture.talk.mid(fixture.talk.size() - 2), orderlyEnd());
+    QCOMPARE(fixture.lastTalk(5), SessionFixture::orderlyEnd());
     QCOMPARE(fixture.summary.end, SessionSummary::End::Failure);
 }
 
@@ -563,11 +556,8 @@ void TestSessionReconnection::endsOrderlyWhenInterrupted()
     fixture.restoreUpTo(command);
     fixture.session->interrupt();
     fixture.turn();
-    QCOMPARE(fixture.talk.mid(fixture.talk.size() - 5),
-             (QStringList{QStringLiteral("device stopped listenEventsData"),
-                          QStringLiteral("device stopped %1").arg(command),
-                          QStringLiteral("driver stopped listenEventsData")} +
-              orderlyEnd()));
+    QCOMPARE(fixture.lastTalk(6),
+             QStringList{QStringLiteral("device stopped %1").arg(command)} + SessionFixture::orderlyEnd());
     QCOMPARE(fixture.summary.end, SessionSummary::End::Interrupt);
     QCOMPARE(fixture.ends, 1);
 }
@@ -582,8 +572,8 @@ void TestSessionReconnection::endsOrderlyWhenInterruptedInAPause()
     fixture.session->interrupt();
     fixture.turn();
     QCOMPARE(fixture.ends, 1);
+    QCOMPARE(fixture.lastTalk(5), SessionFixture::orderlyEnd());
     const QStringList talk = fixture.talk;
-    QCOMPARE(talk.mid(talk.size() - 2), orderlyEnd());
     fixture.advance(60000);
     QCOMPARE(fixture.talk, talk);
 }

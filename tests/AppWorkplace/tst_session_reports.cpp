@@ -208,6 +208,7 @@ private Q_SLOTS:
     void writesTheLink();
     void writesAnAttemptToCome();
     void writesARestoredLink();
+    void tellsOfALinkToNobodyKnowsWhom();
     void writesNamesakes();
     void writesAGapAndARepeat();
     void writesTheSummary();
@@ -522,6 +523,17 @@ void TestSessionReports::writesARestoredLink()
                                          {QStringLiteral("attempt"), 3},
                                          {QStringLiteral("gapMs"), 4321},
                                          {QStringLiteral("message"), QString()}}));
+}
+
+void TestSessionReports::tellsOfALinkToNobodyKnowsWhom()
+{
+    WrittenText text;
+    text.report.unverified();
+    QVERIFY(text.lines().constFirst().startsWith(QStringLiteral("  warning    the dongle holds a link from before ")));
+    WrittenJson json;
+    json.report.unverified();
+    QCOMPARE(json.object(), (QJsonObject{{QStringLiteral("event"), QStringLiteral("unverified")},
+                                         {QStringLiteral("serialId"), QStringLiteral("2210")}}));
 }
 
 void TestSessionReports::writesNamesakes()

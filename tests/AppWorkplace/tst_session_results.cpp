@@ -42,7 +42,10 @@ private Q_SLOTS:
     void forgetsTheOldestOfTooManyLines();
     void tellsWhenItCame();
     void tellsTheProgramAndItsPreset();
-    void tellsNoPresetOfAnUnknownProgram();
+    void tellsTheProgramThatTheWrenchStandsAt_data();
+    void tellsTheProgramThatTheWrenchStandsAt();
+    void tellsWhatTheWrenchHasKept();
+    void leavesOutWhatCameBeforeTheWrenchWasDialled();
     void tellsTheFirstAfterAReconnection();
     void keepsWhatWasKnownOfAnEarlyResult();
     void tellsAnEarlyResultWhenItFails();
@@ -159,15 +162,71 @@ void TestSessionResults::tellsTheProgramAndItsPreset()
     QCOMPARE(fixture.shown.value(0).preset, (QVariantMap{{QStringLiteral("unit"), QStringLiteral("N.m")}}));
 }
 
-void TestSessionResults::tellsNoPresetOfAnUnknownProgram()
+void TestSessionResults::tellsTheProgramThatTheWrenchStandsAt_data()
+{
+    QTest::addColumn<QString>("course");
+    QTest::addColumn<int>("program");
+    QTest::newRow("none was asked for") << "none" << 1; // the walk through the list ends at the first
+    QTest::newRow("another is asked for") << "asked" << 2;
+    QTest::newRow("another is there") << "there" << 3;
+    QTest::newRow("another has failed on its way") << "failed" << 0;
+}
+
+// The record names the program that was asked for last, however that went.
+void TestSessionResults::tellsTheProgramThatTheWrenchStandsAt()
+{
+    QFETCH(QString, course);
+    QFETCH(int, program);
+    SessionOrder order = SessionFixture::defaultOrder();
+    if (course == QLatin1String("none")) {
+        order.program.reset();
+    }
+    SessionFixture fixture(order);
+    fixture.start();
+    if (course == QLatin1String("asked")) {
+        fixture.react(QStringLiteral("setProgram"), Reaction::Kind::Silence);
+    } else if (course == QLatin1String("failed")) {
+        fixture.answer("setProgram", {{QStringLiteral("cmd_success"), false}});
+    }
+    if (course != QLatin1String("none")) {
+        fixture.session->selectProgram(3);
+        SessionFixture::turn();
+    }
+    QVariantMap record = recordOf(c_line, 4);
+    record.insert(QStringLiteral("progId"), 3);
+    publish(fixture, record);
+    QCOMPARE(fixture.shown.value(0).eventData, record);
+    QCOMPARE(fixture.shown.value(0).program, program);
+    QCOMPARE(fixture.shown.value(0).preset.isEmpty(), program == 0);
+}
+
+void TestSessionResults::tellsWhatTheWrenchHasKept()
 {
     SessionFixture fixture;
+    fixture.whenDialled([&fixture] {
+        fixture.say(c_line + "\r\n", 4);
+        fixture.device->publish(QStringLiteral("listenEventsData"),
+                                {{QStringLiteral("eventData"), recordOf(c_line, 4)}});
+    });
     fixture.start();
-    QVariantMap record = recordOf(c_line, 4);
-    record.insert(QStringLiteral("progId"), 9);
-    publish(fixture, record);
-    QCOMPARE(fixture.shown.value(0).program, 9);
-    QCOMPARE(fixture.shown.value(0).preset, QVariantMap());
+    QCOMPARE(fixture.shown.size(), 1);
+    QCOMPARE(fixture.shown.value(0).rawLine, c_line);
+    QCOMPARE(fixture.shown.value(0).program, 0);
+}
+
+// The dongle may have a link to another wrench until then.
+void TestSessionResults::leavesOutWhatCameBeforeTheWrenchWasDialled()
+{
+    SessionFixture fixture;
+    fixture.react(QStringLiteral("searchAndConnect"), Reaction::Kind::Silence);
+    fixture.start();
+    fixture.say("RESP 02:00:00:00:00:01 TW60 2210 -61\r\nATD 02000000FFFF\r\nDATA\r\n" + c_line + "\r\n", 4);
+    SessionFixture::turn();
+    publish(fixture, recordOf(c_line, 4));
+    fixture.session->interrupt();
+    SessionFixture::turn();
+    QCOMPARE(fixture.ends, 1);
+    QCOMPARE(fixture.shown.size(), 0);
 }
 
 void TestSessionResults::tellsTheFirstAfterAReconnection()

@@ -12,12 +12,12 @@ namespace {
 constexpr qint64 c_usPerMs = 1000;
 constexpr double c_usPerSecond = 1e6;
 constexpr int c_afterwardsMs = 30000;
-// What arrives from a frame on until so long after it has left is also heard by who begins to listen in that time.
-constexpr qint64 c_handOverUs = 100 * c_usPerMs;
 constexpr int c_fieldsOfAResult = 7;
 constexpr int c_fieldsNeeded = 6;
 const QString c_resultMark = QStringLiteral("RE:F:");
 constexpr int c_questionsInVain = 3;
+constexpr int c_serialWord = 3; // of a RESP
+const QByteArray c_dial = QByteArrayLiteral("ATD ");
 const QByteArray c_keepAlive = QByteArrayLiteral("DI:C\r\n");
 const QByteArray c_hangUp = QByteArrayLiteral("ATH\r\n");
 
@@ -28,34 +28,23 @@ QString told(const Problem& problem)
     return problem.lines().join(QStringLiteral("\n  "));
 }
 
-/// Where the record stands from which on the listener hears: behind the last frame, if that is not long ago.
-int heardFrom(const LineRecord& record, const SessionWatch::Moment& listening)
+/// From which of the lines on what is said is of the session's wrench: it has been dialled, and has answered.
+int linkedFrom(const QByteArrayList& lines, const QString& serialId)
 {
-    for (int i = listening.entries; i > 0; --i) {
-        const LineRecord::Entry& entry = record.entries.at(i - 1);
-        if (entry.kind == Kind::Sent && listening.atUs - entry.atUs <= c_handOverUs) {
-            return i;
-        }
-        if (entry.kind != Kind::Arrived) {
-            break;
+    QByteArrayList addresses;
+    bool isDialled = false;
+    for (int i = 0; i < lines.size(); ++i) {
+        const QByteArray& line = lines.at(i);
+        const QByteArrayList words = line.simplified().split(' ');
+        if (line.startsWith("RESP") && words.value(c_serialWord) == serialId.toUtf8()) {
+            addresses.append(words.value(1).replace(':', QByteArray()));
+        } else if (line.startsWith(c_dial)) {
+            isDialled = addresses.contains(line.mid(c_dial.size()).trimmed());
+        } else if (isDialled && line == "DATA") {
+            return i + 1;
         }
     }
-    return listening.entries;
-}
-
-/// Where the record stood when the session stopped to take results.
-int heardUntil(const LineRecord& record, const SessionWatch& watch, const SessionOrder& order)
-{
-    if (watch.ended) {
-        return watch.ended->entries;
-    }
-    // Then it hung up; a line that was away takes no frame, and brings no lines.
-    const qint64 endUs = watch.listenUs + order.durationMs * c_usPerMs;
-    const auto end =
-        std::find_if(record.entries.cbegin(), record.entries.cend(), [endUs](const LineRecord::Entry& entry) {
-            return entry.kind == Kind::Sent && entry.bytes == c_hangUp && entry.atUs >= endUs;
-        });
-    return static_cast<int>(end - record.entries.cbegin());
+    return lines.size();
 }
 
 /// The seven fields of a result line as texts; fewer: it is none. What is behind them does not count.
@@ -74,6 +63,23 @@ QStringList fieldsOf(const QByteArray& line)
     }
     fields.append(QString()); // the seventh may be missing
     return fields.mid(0, c_fieldsOfAResult);
+}
+
+/// What the session has to tell: all from there until the line is closed.
+QList<QStringList> resultsOfTheWrench(const LineRecord& record, const SessionWatch& watch, const QString& serialId)
+{
+    if (watch.unverified) { // whichever wrench it is
+        return resultsOnTheLine(record, watch.unverified->entries, record.size());
+    }
+    const QByteArrayList lines = record.lines(0, record.size());
+    QList<QStringList> results;
+    for (int i = linkedFrom(lines, serialId); i < lines.size(); ++i) {
+        const QStringList fields = fieldsOf(lines.at(i));
+        if (!fields.isEmpty()) {
+            results.append(fields);
+        }
+    }
+    return results;
 }
 
 QString shown(const QStringList& fields)
@@ -212,7 +218,7 @@ QString wrongEnd(const SimulatedWorkplace& workplace, const SessionWatch& watch,
                 .arg(taken);
         }
         const bool isCount = watch.summary.end == SessionSummary::End::Count;
-        return isCount == (order.results > 0 && taken == order.results)
+        return !isCount || (order.results > 0 && taken >= order.results) // others may come until the dongle has hung up
                    ? QString()
                    : QStringLiteral("%1 results were told, and it did not end as it should").arg(taken);
     }
@@ -238,15 +244,7 @@ QString wrongEnd(const SimulatedWorkplace& workplace, const SessionWatch& watch,
 
 QString wrongResults(const SimulatedWorkplace& workplace, const SessionWatch& watch, const SessionOrder& order)
 {
-    if (!watch.listening) {
-        return watch.results.isEmpty() ? QString() : QStringLiteral("results without listening");
-    }
-    const LineRecord& record = workplace.record;
-    QList<QStringList> expected =
-        resultsOnTheLine(record, heardFrom(record, *watch.listening), heardUntil(record, watch, order));
-    if (watch.summary.end == SessionSummary::End::Count) {
-        expected = expected.mid(0, order.results); // others may be behind it
-    }
+    const QList<QStringList> expected = resultsOfTheWrench(workplace.record, watch, order.serialId);
     const int common = qMin(expected.size(), watch.results.size());
     for (int i = 0; i < common; ++i) {
         const TighteningResult& result = watch.results.at(i);

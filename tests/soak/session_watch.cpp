@@ -8,9 +8,7 @@ SessionWatch::SessionWatch(SimulatedWorkplace& workplace, Session& session) : m_
         told();
         step = started;
         stepStart = now();
-        if (started == SessionStep::Unlock) {
-            listening = stepStart;
-        } else if (started == SessionStep::Listen) {
+        if (started == SessionStep::Listen) {
             listenUs = stepStart.atUs;
         }
     });
@@ -19,6 +17,10 @@ SessionWatch::SessionWatch(SimulatedWorkplace& workplace, Session& session) : m_
     connect(&session, &Session::sigPrograms, this, &SessionWatch::told);
     connect(&session, &Session::sigSelected, this, &SessionWatch::told);
     connect(&session, &Session::sigNamesakes, this, &SessionWatch::told);
+    connect(&session, &Session::sigUnverified, this, [this] {
+        told();
+        unverified = now();
+    });
     connect(&session, &Session::sigLink, this, [this](const LinkReport& report) {
         told();
         if (report.kind == LinkReport::Kind::Restored) {

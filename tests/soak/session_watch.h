@@ -31,8 +31,8 @@ public:
 
     SessionStep step = SessionStep::Open;
     Moment stepStart;
-    std::optional<Moment> listening; ///< from here on results are listened to
-    std::optional<Moment> ended;     ///< by a problem, by its last result, or as whoever ends it sets it
+    std::optional<Moment> unverified; ///< from here on results of a wrench that is not known are taken
+    std::optional<Moment> ended;      ///< by a problem, by its last result, or as whoever ends it sets it
     std::optional<Problem> problem;
     QVector<TighteningResult> results;
     std::optional<LinkReport> loss; ///< of the link, while it listens, and not restored

@@ -130,25 +130,30 @@ void TestResults::listsForPeople()
 
 void TestResults::filters()
 {
-    Workshop workshop;
+    const QString serialId = QStringLiteral("--serial-id");
+    Workshop workshop({QStringLiteral("--rate"), QStringLiteral("20"), QStringLiteral("--wrench"),
+                       QStringLiteral("2210"), QStringLiteral("--wrench"), QStringLiteral("2211")});
     QVERIFY(workshop.store(4, {QStringLiteral("--program"), QStringLiteral("1")}));
-    QVERIFY(workshop.store(3, {QStringLiteral("--program"), QStringLiteral("2")}));
+    QVERIFY(workshop.store(3, {QStringLiteral("--program"), QStringLiteral("2"), serialId, QStringLiteral("2211")}));
     const Listing all(workshop, {});
     const QStringList readings = readingsOf(all.events(c_stored));
-    QVERIFY2(readings.size() >= 7, all.report()); // and the gap between the sessions
-    QCOMPARE(all.event(QStringLiteral("totals")).value(c_results).toInt(), 7);
-    QCOMPARE(readingsOf(Listing(workshop, {QStringLiteral("--program"), QStringLiteral("1")}).events(c_stored)),
-             readings.mid(0, 4));
+    QVERIFY2(readings.size() >= 7, all.report()); // more may come until the dongle has hung up
+    QCOMPARE(all.event(QStringLiteral("totals")).value(c_results).toInt(), readings.size());
+    const QStringList ofSecond =
+        readingsOf(Listing(workshop, {QStringLiteral("--program"), QStringLiteral("2")}).events(c_stored));
+    QVERIFY2(ofSecond.size() >= 3 && ofSecond.size() <= readings.size() - 4, all.report());
+    QCOMPARE(ofSecond, readings.mid(readings.size() - ofSecond.size()));
     QCOMPARE(readingsOf(Listing(workshop, {QStringLiteral("--last"), QStringLiteral("2")}).events(c_stored)),
              readings.mid(readings.size() - 2));
-    QCOMPARE(Listing(workshop, {QStringLiteral("--serial-id"), QStringLiteral("1")}).events(c_stored).size(), 0);
+    QCOMPARE(Listing(workshop, {serialId, QStringLiteral("1")}).events(c_stored).size(), 0);
+    QCOMPARE(readingsOf(Listing(workshop, {serialId, QStringLiteral("2211")}).events(c_stored)), ofSecond);
     const QString third =
         all.events(c_stored).at(2).value(QLatin1String("entry")).toObject().value(QLatin1String("arrived")).toString();
     QCOMPARE(readingsOf(Listing(workshop, {QStringLiteral("--since"), third}).events(c_stored)), readings.mid(2));
     QCOMPARE(readingsOf(Listing(workshop, {QStringLiteral("--until"), third}).events(c_stored)), readings.mid(0, 2));
     const int ok = Listing(workshop, {QStringLiteral("--status"), QStringLiteral("ok")}).events(c_stored).size();
     const int nok = Listing(workshop, {QStringLiteral("--status"), QStringLiteral("nok")}).events(c_stored).size();
-    QCOMPARE(ok + nok, 7);
+    QCOMPARE(ok + nok, readings.size());
     QCOMPARE(all.event(QStringLiteral("totals")).value(QLatin1String("good")).toInt(), ok);
 }
 

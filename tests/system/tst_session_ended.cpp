@@ -44,6 +44,8 @@ private Q_SLOTS:
     void freesThePortWhenItIsKilledInEachStep_data();
     void freesThePortWhenItIsKilledInEachStep();
     void letsTheNextSessionInAfterItWasKilled();
+    void dialsItsOwnWrenchAfterAnothersWasKilled();
+    void takesWhatTheWrenchHasKeptSinceTheSessionBefore();
     void endsAtOnceAtTheSecondSignal();
     void endsItsSimulatorAfterASignal_data();
     void endsItsSimulatorAfterASignal();
@@ -136,6 +138,56 @@ void TestSessionEnded::letsTheNextSessionInAfterItWasKilled()
     QCOMPARE(next.exitStatus(), 0);
     QVERIFY(next.trace().arrived().contains(QStringLiteral("ERR:2")));
     QCOMPARE(disorderAfter(next, simulator), QString());
+}
+
+void TestSessionEnded::dialsItsOwnWrenchAfterAnothersWasKilled()
+{
+    SimulatorRun simulator;
+    const QString wrench = QStringLiteral("--wrench");
+    QVERIFY2(
+        simulator.start(tightening() + QStringList{wrench, QStringLiteral("2211"), wrench, QStringLiteral("2210")}),
+        simulator.report());
+    WorkplaceRun killed;
+    QVERIFY(killed.startSession(simulator, {QStringLiteral("--serial-id"), QStringLiteral("2211")}));
+    QVERIFY2(killed.waitForEvents(QStringLiteral("result")), killed.report());
+    killed.sendSignal(SIGKILL);
+    QVERIFY2(killed.waitForEnd(), killed.report());
+
+    WorkplaceRun next;
+    QVERIFY(next.startSession(simulator, {QStringLiteral("--count"), QStringLiteral("1")}));
+    QVERIFY2(next.waitForEnd(), next.report());
+    QCOMPARE(next.exitStatus(), 0);
+    QVERIFY(next.trace().arrived().contains(QStringLiteral("ERR:2")));
+    QVERIFY(next.trace().sent().contains(QStringLiteral("ATD 020000000002")));
+    const QJsonObject result = next.event(QStringLiteral("result")).value(QLatin1String("eventData")).toObject();
+    QCOMPARE(result.value(QLatin1String("readingNumber")).toString(), QStringLiteral("1")); // its first
+}
+
+// Nobody is connected meanwhile; the wrench tells it as soon as it is dialled, and not again.
+void TestSessionEnded::takesWhatTheWrenchHasKeptSinceTheSessionBefore()
+{
+    SimulatorRun simulator;
+    QVERIFY2(simulator.start(), simulator.report());
+    WorkplaceRun first;
+    QVERIFY(first.startSession(simulator, {QStringLiteral("--count"), QStringLiteral("1")}));
+    QVERIFY2(first.waitForEvents(QStringLiteral("listening")) || first.isRunning(), first.report());
+    QVERIFY(waitUntil([&] { return simulator.say(QStringLiteral("tighten")).startsWith(QLatin1String("ok ")); }));
+    QVERIFY2(first.waitForEnd(), first.report());
+    const int told = first.events(QStringLiteral("result")).size();
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY(waitUntil([&] { return simulator.say(QStringLiteral("tighten")).startsWith(QLatin1String("ok ")); }));
+    }
+
+    WorkplaceRun second;
+    QVERIFY(second.startSession(simulator, {QStringLiteral("--count"), QStringLiteral("2")}));
+    QVERIFY2(second.waitForEnd(), second.report());
+    QStringList readings;
+    const QList<QJsonObject> results = second.events(QStringLiteral("result"));
+    for (const QJsonObject& result : results) {
+        readings.append(
+            result.value(QLatin1String("eventData")).toObject().value(QLatin1String("readingNumber")).toString());
+    }
+    QCOMPARE(readings, (QStringList{QString::number(told + 1), QString::number(told + 2)}));
 }
 
 void TestSessionEnded::endsAtOnceAtTheSecondSignal()

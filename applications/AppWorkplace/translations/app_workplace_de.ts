@@ -2879,6 +2879,10 @@ Optionen aller Befehle:
         <source>%1; program %2 (the last one listed; none was selected)</source>
         <translation>%1; Programm %2 (das zuletzt gelesene; keines wurde ausgewählt)</translation>
     </message>
+    <message>
+        <source>the dongle holds a link from before and does not say to which wrench: when it may be another one than %1, unplug the dongle, plug it in again and start anew</source>
+        <translation>der Funkadapter hält eine Verbindung von vorher und sagt nicht, zu welchem Schlüssel: wenn es ein anderer als %1 sein kann, ziehen Sie den Funkadapter ab, stecken Sie ihn wieder an und beginnen Sie neu</translation>
+    </message>
 </context>
 <context>
     <name>SetUp</name>

@@ -2879,6 +2879,10 @@ Options de toutes les commandes :
         <source>%1; program %2 (the last one listed; none was selected)</source>
         <translation>%1 ; programme %2 (le dernier lu ; aucun n’a été sélectionné)</translation>
     </message>
+    <message>
+        <source>the dongle holds a link from before and does not say to which wrench: when it may be another one than %1, unplug the dongle, plug it in again and start anew</source>
+        <translation>l’adaptateur radio garde une liaison précédente et ne dit pas vers quelle clé : si ce peut être une autre que %1, débranchez l’adaptateur radio, rebranchez-le et recommencez</translation>
+    </message>
 </context>
 <context>
     <name>SetUp</name>

@@ -155,6 +155,7 @@ void SessionCommand::begin()
             [this](int program, const QVariantMap& preset) { m_report->selected(program, preset); });
     connect(session, &Session::sigNamesakes, this,
             [this](const QVariantList& wrenches, const QString& taken) { m_report->namesakes(wrenches, taken); });
+    connect(session, &Session::sigUnverified, this, [this] { m_report->unverified(); });
     connect(session, &Session::sigLink, this, [this](const LinkReport& report) {
         m_report->link(report);
         interruptWhenUnread();

@@ -117,6 +117,11 @@ void SessionJsonReport::namesakes(const QVariantList& wrenches, const QString& t
           {{QStringLiteral("wrenches"), QJsonArray::fromVariantList(wrenches)}, {QStringLiteral("taken"), taken}});
 }
 
+void SessionJsonReport::unverified()
+{
+    write(QStringLiteral("unverified"), {});
+}
+
 void SessionJsonReport::link(const LinkReport& report)
 {
     using Kind = LinkReport::Kind;

@@ -23,6 +23,8 @@ public:
     virtual void note(const HistoryRecord& note) = 0;
     /// As Session::sigNamesakes().
     virtual void namesakes(const QVariantList& wrenches, const QString& taken) = 0;
+    /// As Session::sigUnverified().
+    virtual void unverified() = 0;
     virtual void link(const LinkReport& report) = 0;
     /// The problem itself is told beside the report.
     virtual void failed() = 0;

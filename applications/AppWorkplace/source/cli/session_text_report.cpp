@@ -149,6 +149,14 @@ void SessionTextReport::namesakes(const QVariantList& wrenches, const QString& t
                              .arg(m_serialId, named.join(QStringLiteral(", ")), who));
 }
 
+void SessionTextReport::unverified()
+{
+    alarm(tr("warning"),
+          tr("the dongle holds a link from before and does not say to which wrench: when it may be another "
+             "one than %1, unplug the dongle, plug it in again and start anew")
+              .arg(m_serialId));
+}
+
 void SessionTextReport::link(const LinkReport& report)
 {
     const QString name = shownStep(QStringLiteral("link"));

@@ -22,6 +22,7 @@ public:
     void result(const QVariantMap& eventData) override;
     void note(const HistoryRecord& note) override;
     void namesakes(const QVariantList& wrenches, const QString& taken) override;
+    void unverified() override;
     void link(const LinkReport& report) override;
     void failed() override;
     void summary(const SessionSummary& summary) override;

@@ -17,7 +17,6 @@ const QString c_progId = QStringLiteral("progId");
 const QString c_presetData = QStringLiteral("presetData");
 const QString c_eventData = QStringLiteral("eventData");
 const QString c_listenCommand = QStringLiteral("listenEventsData");
-const QString c_currentProgram = QStringLiteral("currentProgId");
 
 // Properties of the driver.
 constexpr char c_connected[] = "connected";
@@ -35,11 +34,14 @@ Session::Session(const LinkedDevice& wrench, const SessionOrder& order, QObject*
     , m_setUp(wrench, order, m_observer)
     , m_supervisor(wrench, order, m_setUp, m_observer)
     , m_orders(wrench, order, m_setUp, m_observer)
-    , m_lineEnd(wrench)
+    , m_lineEnd(wrench, &m_observer)
 {
     connect(&m_lineEnd, &LineEnd::sigClosed, this, &Session::finish);
-    connect(&m_observer, &LineObserver::sigLineHeard, this,
-            [this](const QByteArray& line, int chunk) { m_observed.add(line, chunk); });
+    connect(&m_observer, &LineObserver::sigLineHeard, this, [this](const QByteArray& line, int chunk) {
+        if (m_step != Step::Connect || m_setUp.isLinked()) {
+            m_observed.add(line, chunk);
+        }
+    });
     connect(&m_observer, &LineObserver::sigChunkHeard, this, [this](int chunk) {
         if (m_step == Step::Listen && !m_isRestoring && !m_orders.isRunning() && !m_isEnding) {
             Q_EMIT sigChunk(chunk);
@@ -73,7 +75,11 @@ void Session::connectSetUp()
     const auto isFirst = [this] { return m_step != Step::Listen; };
     connect(&m_setUp, &SetUp::sigWrenchesHeard, this, &Session::sigWrenchesHeard);
     connect(&m_setUp, &SetUp::sigNamesakes, this, &Session::sigNamesakes);
-    connect(&m_setUp, &SetUp::sigProgramsRead, this, &Session::sigPrograms);
+    connect(&m_setUp, &SetUp::sigUnverified, this, &Session::sigUnverified);
+    connect(&m_setUp, &SetUp::sigProgramsRead, this, [this](const QVariantList& programs) {
+        m_program = programs.first().toMap().value(c_progId).toInt(); // the walk through the list ends where it began
+        Q_EMIT sigPrograms(programs);
+    });
     connect(&m_setUp, &SetUp::sigStepStarted, this, [this, isFirst](Step step) {
         if (isFirst()) {
             begin(step);
@@ -85,6 +91,7 @@ void Session::connectSetUp()
         }
     });
     connect(&m_setUp, &SetUp::sigSelected, this, [this, isFirst](int program, const QVariantMap& preset) {
+        m_program = program;
         if (isFirst()) {
             Q_EMIT sigSelected(program, preset);
         }
@@ -105,7 +112,10 @@ void Session::connectOrders()
 {
     connect(&m_orders, &WrenchOrders::sigStarted, this, &Session::sigOrderStarted);
     connect(&m_orders, &WrenchOrders::sigEnded, this, &Session::sigOrderEnded);
-    connect(&m_orders, &WrenchOrders::sigSelected, this, &Session::sigSelected);
+    connect(&m_orders, &WrenchOrders::sigSelected, this, [this](int program, const QVariantMap& preset) {
+        m_program = program;
+        Q_EMIT sigSelected(program, preset);
+    });
     connect(&m_orders, &WrenchOrders::sigLocked, this, &Session::sigLocked);
     connect(&m_orders, &WrenchOrders::sigLockUnknown, this, &Session::sigLockUnknown);
     connect(&m_orders, &WrenchOrders::sigRefused, this, &Session::sigOrderRefused);
@@ -156,7 +166,7 @@ void Session::begin(Step step)
 {
     m_step = step;
     Q_EMIT sigStepStarted(step);
-    if (step == Step::Unlock && m_order.listens) {
+    if (step == Step::Connect && m_order.listens) {
         subscribe();
     }
 }
@@ -193,7 +203,7 @@ void Session::listen()
     }
 }
 
-// Before the wrench is unlocked: from then on it may tighten, and no result may go by.
+// Before the wrench is dialled: with its link come the results that it has kept, and none may go by.
 void Session::subscribe()
 {
     m_listener = m_wrench.host.createOrder(m_wrench.device, c_listenCommand);
@@ -227,18 +237,23 @@ void Session::resultArrived(const QVariantMap& eventData)
     result.eventData = eventData;
     result.rawLine = m_observed.take(eventData);
     result.arrival = QDateTime::currentDateTimeUtc();
-    result.program = eventData.value(c_progId).toInt();
-    result.preset = presetOf(result.program);
-    result.isFirstAfterReconnection = std::exchange(m_isReconnected, false);
-    takeResult(result);
+    result.program = m_program;
+    result.preset = presetOf(m_program);
+    if (isOfTheWrench(result)) {
+        result.isFirstAfterReconnection = std::exchange(m_isReconnected, false);
+        takeResult(result);
+    }
+}
+
+// Before the wrench is dialled the dongle may still hold the link to another one.
+bool Session::isOfTheWrench(const TighteningResult& result) const
+{
+    return m_step != Step::Connect || !result.rawLine.isEmpty();
 }
 
 void Session::takeResult(const TighteningResult& result)
 {
-    if (m_isEnding) {
-        return;
-    }
-    if (m_step != Step::Listen) {
+    if (m_step != Step::Listen && !m_isEnding) {
         m_early.append(result);
         return;
     }
@@ -347,19 +362,17 @@ void Session::end(SessionSummary::End how)
     m_isEnding = true;
     m_summary.end = how;
     cancelTimer();
-    // The wrench was already unlocked when they came: that the session fails does not make them undone.
+    // That the session fails does not make them undone.
     const QList<TighteningResult> early = std::exchange(m_early, {});
     for (const TighteningResult& result : early) {
         tell(result);
     }
     if (m_step == Step::Listen) { // before, it may be one that was asked for and refused
-        m_summary.program = m_wrench.device.getProperty(c_currentProgram, QVariant(0)).toInt();
+        m_summary.program = m_program;
     }
-    unsubscribe();
     m_orders.stop();
     m_supervisor.stop();
     m_setUp.stop();
-    m_observer.stop();
     if (m_step == Step::Open) {
         m_lineEnd.close(); // nobody was called yet
     } else {
@@ -369,6 +382,8 @@ void Session::end(SessionSummary::End how)
 
 void Session::finish()
 {
+    unsubscribe();
+    m_observer.stop();
     m_summary.elapsedMs = elapsedMs(m_startUs);
     Q_EMIT sigFinished(m_summary);
 }

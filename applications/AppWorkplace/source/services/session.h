@@ -23,8 +23,11 @@
 #include "wrench_orders.h"
 
 /// The main job: connect to a wrench, configure it, list its programs, select one, unlock it, and take its tightening
-/// results until a count, a time or an interruption. Whatever happens, it ends in an orderly way: what listens is
-/// stopped, the dongle hangs up, the port is closed. One session is for one run.
+/// results until a count, a time or an interruption. Whatever happens, it ends in an orderly way: the dongle hangs up,
+/// what listens is stopped, the port is closed. One session is for one run.
+///
+/// A wrench tells what it has kept as soon as its link is open, and what it measures until the dongle has hung up. All
+/// of it is told, whatever step the session is at, also beyond a count.
 ///
 /// A line that is lost before the listening fails the step that needs it. While it listens, a supervisor restores what
 /// is lost; results are taken whenever they come.
@@ -57,6 +60,7 @@ Q_SIGNALS:
     /// As SetUp::sigWrenchesHeard() and sigNamesakes(), also while a link is being restored.
     void sigWrenchesHeard(const QVariantList& wrenches);
     void sigNamesakes(const QVariantList& wrenches, const QString& taken);
+    void sigUnverified();
     /// The programs as the device plugin lists them, each with its "presetData" added.
     void sigPrograms(const QVariantList& programs);
     /// Of the steps, of an order and of a maintenance panel. program: 0 when an order has failed on its way and it is
@@ -92,6 +96,7 @@ private:
     void takeResult(const TighteningResult& result);
     void tell(const TighteningResult& result);
     QVariantMap presetOf(int program) const;
+    bool isOfTheWrench(const TighteningResult& result) const;
 
     void driverChanged(const QString& property);
     void followLine(const QString& state);
@@ -120,6 +125,7 @@ private:
     std::unique_ptr<DOrder> m_listener;
     ObservedResults m_observed;
     QList<TighteningResult> m_early; // results that came before the session listens
+    int m_program = 0;               // the wrench stands at it; 0: that is not known
     Clock::TimerId m_timer = 0;      // of opening the line, of a lost line, and of listening
     Step m_step = Step::Open;
     qint64 m_startUs = 0;

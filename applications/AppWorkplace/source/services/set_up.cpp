@@ -13,6 +13,7 @@ constexpr qint64 c_microsecondsPerMillisecond = 1000;
 
 const QString c_keepAliveFrame = QStringLiteral("DI:C\r\n");
 const QString c_keepAliveAnswer = QStringLiteral("OK:");
+const QString c_linkOpen = QStringLiteral("DATA");
 const QString c_dialledPrefix = QStringLiteral("ATD ");
 const QString c_refusalPrefix = QStringLiteral("ERR");
 const QString c_unlocked = QStringLiteral("OK:0");
@@ -64,6 +65,7 @@ void SetUp::start(Mode mode)
 {
     m_mode = mode;
     m_isRunning = true;
+    m_isSearchedAgain = false;
     begin(Step::Connect);
     if (mode == Mode::Restoring) {
         run(c_setKeepAlive, {{c_frame, QString()}, {c_responseFrame, QString()}}, &SetUp::search);
@@ -110,6 +112,7 @@ void SetUp::search(const Results& results)
     Q_UNUSED(results)
     m_heard = {};
     m_dialled.clear();
+    m_isLinked = false;
     run(QStringLiteral("searchAndConnect"),
         {{QStringLiteral("serialId"), m_order.serialId}, {QStringLiteral("name"), m_wrench.device.getName()}},
         &SetUp::connected);
@@ -121,6 +124,15 @@ void SetUp::connected(const Results& results)
     if (!results.value(c_success).toBool()) {
         failStep(m_observer.refusalOr(m_heard.whyNot(m_order.serialId)));
         return;
+    }
+    if (m_mode == Mode::First && m_dialled.isEmpty()) {
+        // A link that the dongle has held may be to any wrench. The device plugin has hung up by now.
+        if (!std::exchange(m_isSearchedAgain, true)) {
+            search({});
+            return;
+        }
+        m_isLinked = true;
+        Q_EMIT sigUnverified();
     }
     done();
     begin(Step::Configure);
@@ -263,6 +275,9 @@ void SetUp::lineHeard(const QString& line)
 {
     if (line.startsWith(c_dialledPrefix)) {
         m_dialled = line.mid(c_dialledPrefix.size()).trimmed();
+        m_isLinked = false;
+    } else if (line == c_linkOpen) {
+        m_isLinked = !dialledWrench().isEmpty();
     } else if (m_isRunning && m_step == Step::Programs) {
         // The plugin gives what it has read until then as the whole list.
         m_isListBegun = m_isListBegun || line == c_atRest;
@@ -278,18 +293,24 @@ void SetUp::lineHeard(const QString& line)
 void SetUp::tellNamesakes()
 {
     const QVariantList wrenches = m_namesakes.strongestFirst();
-    QString taken;
-    for (const QVariant& wrench : wrenches) {
-        const QString address = wrench.toMap().value(c_address).toString();
-        if (QString(address).remove(QLatin1Char(':')) == m_dialled) {
-            taken = address;
-        }
-    }
+    const QString taken = dialledWrench();
     if (wrenches.size() > 1 && (wrenches.size() != m_namesakesTold || taken != m_takenTold)) {
         m_namesakesTold = wrenches.size();
         m_takenTold = taken;
         Q_EMIT sigNamesakes(wrenches, taken);
     }
+}
+
+QString SetUp::dialledWrench() const
+{
+    const QVariantList wrenches = m_namesakes.strongestFirst();
+    for (const QVariant& wrench : wrenches) {
+        const QString address = wrench.toMap().value(c_address).toString();
+        if (QString(address).remove(QLatin1Char(':')) == m_dialled) {
+            return address;
+        }
+    }
+    return {};
 }
 
 // ---- Failing

@@ -48,6 +48,9 @@ public:
     std::optional<int> chosenProgram() const { return m_program; } ///< none: the selection is left alone
     bool isLockChosen() const { return m_isToBeLocked; }
 
+    /// The wrench that was asked for has been dialled and has answered: what the line says from now on is of that one.
+    bool isLinked() const { return m_isLinked; }
+
     /// The programs as read at the first time, each with its "presetData"; empty before.
     const QVariantList& programs() const { return m_programs; }
 
@@ -59,6 +62,8 @@ Q_SIGNALS:
     /// More than one wrench answers to the serial number. wrenches: as above. taken: the "mac" of the one that was
     /// dialled; empty: none was, the dongle held a link already.
     void sigNamesakes(const QVariantList& wrenches, const QString& taken);
+    /// The dongle has held a link from before and does not let go of it: which wrench that is to is not known.
+    void sigUnverified();
     void sigProgramsRead(const QVariantList& programs);
     void sigSelected(int program, const QVariantMap& preset);
     void sigDone();
@@ -90,6 +95,8 @@ private:
     void wrenchHeard(const QString& address, const QString& serialId, const QString& signalStrength);
     void lineHeard(const QString& line);
     void tellNamesakes();
+    /// The "mac" of the session's wrench that was dialled; empty: it was none of them.
+    QString dialledWrench() const;
 
     /// The step has failed, by what the device said or did.
     void failStep(const QString& cause);
@@ -108,6 +115,8 @@ private:
     int m_namesakesTold = 0;
     QString m_takenTold;
     QString m_dialled; // the address without colons, as the dongle says it
+    bool m_isLinked = false;
+    bool m_isSearchedAgain = false;
     DeviceRun m_run;
     ProgramSelection m_selection;
     std::optional<int> m_program;
