@@ -68,6 +68,16 @@ public:
         say(line + "\r\n", chunk);
         turn();
     }
+    /// Empty: not before somebody else lets it.
+    void answerLockWith(const QByteArray& bytes)
+    {
+        device->setReaction(QStringLiteral("setLock"),
+                            {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, [this, bytes] {
+                                 if (!bytes.isEmpty()) {
+                                     say(bytes);
+                                 }
+                             }});
+    }
     void loseLink()
     {
         hear("ERR:3");
@@ -147,6 +157,8 @@ private Q_SLOTS:
     void tellsNoChunksInTheMiddle();
     void takesAnotherOrderAfterARefusal();
     void followsAPanel();
+    void tellsAPanelsLockAsTheWrenchAnswersIt_data();
+    void tellsAPanelsLockAsTheWrenchAnswersIt();
     void tellsNoChunksWhileAPanelIsAtWork();
     void refusesAnOrderWhileAPanelIsAtWork();
 };
@@ -511,6 +523,7 @@ void TestSessionOrders::takesAnotherOrderAfterARefusal()
 void TestSessionOrders::followsAPanel()
 {
     Ordering fixture;
+    fixture.answerLockWith("OK:1\r\n");
     Panel panel(*fixture.device);
     QVERIFY(panel.queueTreatment(1, c_setLock, {{QStringLiteral("lock"), 1}}));
     QVERIFY(panel.queueTreatment(2, c_setProgram, {{QStringLiteral("progId"), 3}}));
@@ -521,6 +534,49 @@ void TestSessionOrders::followsAPanel()
     fixture.loseLink();
     QCOMPARE(fixture.talk.filter(c_setProgram), QStringList{QStringLiteral("device setProgram progId=3")});
     QCOMPARE(fixture.talk.filter(c_setLock), QStringList());
+}
+
+void TestSessionOrders::tellsAPanelsLockAsTheWrenchAnswersIt_data()
+{
+    QTest::addColumn<QByteArray>("before"); // the plugin has told the panel that the frame has left
+    QTest::addColumn<QString>("after");
+    QTest::addColumn<QString>("outcome");
+    QTest::addColumn<int>("locksOfTheRestoring");
+    QTest::newRow("at once") << QByteArray("OK:1\r\n") << QString() << "locked" << 0;
+    QTest::newRow("later") << QByteArray() << "OK:1"
+                           << "locked" << 0;
+    QTest::newRow("it refuses") << QByteArray("ERR:5\r\n") << QString() << "ended" << 1;
+    QTest::newRow("it refuses later") << QByteArray() << "ERR:5"
+                                      << "ended" << 1;
+    QTest::newRow("not at all") << QByteArray() << QString() << "lock ?" << 1;
+}
+
+void TestSessionOrders::tellsAPanelsLockAsTheWrenchAnswersIt()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(QString, after);
+    QFETCH(QString, outcome);
+    QFETCH(int, locksOfTheRestoring);
+    Ordering fixture;
+    fixture.answerLockWith(before);
+    Panel panel(*fixture.device);
+    QVERIFY(panel.queueTreatment(1, c_setLock, {{QStringLiteral("lock"), 1}}));
+    fixture.turn();
+    if (before.isEmpty()) {
+        QVERIFY(!fixture.outcomes.contains(QStringLiteral("locked")));
+        fixture.lock(false);
+        QCOMPARE(fixture.outcomes.constLast(), QStringLiteral("refused unlock")); // it is still at work
+        if (after.isEmpty()) {
+            fixture.advance(WrenchOrders::c_answerLimitMs);
+        } else {
+            fixture.hear(after.toLatin1());
+        }
+    }
+    QCOMPARE(fixture.outcomes.constLast(), outcome);
+    fixture.answerLockWith("OK:0\r\n");
+    fixture.talk.clear();
+    fixture.loseLink();
+    QCOMPARE(fixture.talk.filter(c_setLock).size(), locksOfTheRestoring);
 }
 
 void TestSessionOrders::tellsNoChunksWhileAPanelIsAtWork()

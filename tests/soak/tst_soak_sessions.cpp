@@ -1,4 +1,5 @@
 #include "dongle_port.h"
+#include "services/command_run.h"
 #include "session_checks.h"
 #include "session_watch.h"
 #include "simulated_workplace.h"
@@ -44,6 +45,7 @@ private Q_SLOTS:
     void session_data();
     void session();
     void lineCutOffByAPulledAdapterIsNoResult();
+    void lineCutOffIsNoResultOfACommandEither();
     void cleanupTestCase();
 
 private:
@@ -139,6 +141,43 @@ void TestSoakSessions::lineCutOffByAPulledAdapterIsNoResult()
         QVERIFY(watch.results.size() > 5);
         const QString wrong = wrongResults(workplace, watch, order);
         QVERIFY2(wrong.isEmpty(), qPrintable(QStringLiteral("after %1 ms: %2").arg(ms).arg(wrong)));
+    }
+}
+
+/// The same for a command that is run by its name.
+void TestSoakSessions::lineCutOffIsNoResultOfACommandEither()
+{
+    constexpr int c_nextLineMs = 100; // as above
+    for (int ms = 0; ms <= c_nextLineMs; ms += 2) {
+        SimulatedWorkplace workplace({QStringLiteral("--rate"), QStringLiteral("10"), QStringLiteral("--fault"),
+                                      QStringLiteral("split:1,2"), QStringLiteral("--scan-period"),
+                                      QStringLiteral("100")});
+        SessionOrder order;
+        order.serialId = QStringLiteral("2210");
+        order.listens = false;
+        Session session(workplace.linked(), order);
+        bool isReady = false;
+        QObject::connect(&session, &Session::sigReady, [&] { isReady = true; });
+        session.start();
+        QVERIFY(workplace.runUntil([&] { return isReady; }, c_patienceMs));
+        const int from = workplace.record.size();
+        QList<QStringList> told;
+        CommandRun run(workplace.linked(), QStringLiteral("listenEventsData"), {});
+        QObject::connect(&run, &CommandRun::sigResults, [&](const QVariantMap& values) {
+            if (values.contains(QStringLiteral("eventData"))) {
+                told.append(fieldsOf(values.value(QStringLiteral("eventData")).toMap()));
+            }
+        });
+        run.start(0);
+        QVERIFY(workplace.runUntil([&] { return told.size() >= 3; }, c_patienceMs));
+        workplace.commandLater(ms, QStringLiteral("unplug"));
+        workplace.commandLater(ms + c_nextLineMs, QStringLiteral("replug"));
+        // The wrench is linked anew by the next question of the driver.
+        QVERIFY(workplace.runUntil([&] { return told.size() >= 6; }, c_patienceMs));
+        const QList<QStringList> arrived = resultsOnTheLine(workplace.record, from, workplace.record.size());
+        QVERIFY2(told == arrived.mid(arrived.size() - told.size()),
+                 qPrintable(
+                     QStringLiteral("after %1 ms: %2 told, %3 arrived").arg(ms).arg(told.size()).arg(arrived.size())));
     }
 }
 

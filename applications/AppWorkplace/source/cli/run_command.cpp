@@ -1,5 +1,7 @@
 #include "run_command.h"
 
+#include <utility>
+
 #include <lib_plugins_management/d_abstract_plugin.h>
 
 #include "../history/history_note.h"
@@ -159,6 +161,7 @@ void RunCommand::execute()
     connect(m_run.get(), &CommandRun::sigLineTrouble, this, [this](const QString& message) {
         m_console.message(QStringLiteral("%1: %2").arg(shownStep(QStringLiteral("link")), message));
     });
+    connect(m_run.get(), &CommandRun::sigLineBack, this, [this] { m_isReconnected = true; });
     if (m_recording != nullptr) {
         connect(&m_recording->recorder(), &ResultRecorder::sigResult, this, [this](const QVariantMap& eventData) {
             show({{c_eventData, eventData}});
@@ -192,6 +195,7 @@ void RunCommand::take(const QMap<QString, QVariant>& values)
     TighteningResult result;
     result.eventData = values.value(c_eventData).toMap();
     result.arrival = QDateTime::currentDateTimeUtc();
+    result.isFirstAfterReconnection = std::exchange(m_isReconnected, false);
     m_recording->recorder().take(result);
 }
 

@@ -49,5 +49,6 @@ private:
     std::unique_ptr<Session> m_session;      // null: the command does not connect
     std::unique_ptr<LineEnd> m_lineEnd;
     std::unique_ptr<CommandRun> m_run;
+    bool m_isReconnected = false; // since the last result
     int m_exitStatus = 0;
 };

@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 
+#include <utility>
+
 #include <lib_plugins_management/d_abstract_plugin.h>
 #include <lib_plugins_management/host/d_host.h>
 
@@ -10,6 +12,9 @@ namespace {
 // Properties of the driver.
 const QString c_connected = QStringLiteral("connected");
 const QString c_lineError = QStringLiteral("lineError");
+const QString c_listenCommand = QStringLiteral("listenEventsData"); // of any plugin
+const QString c_lineState = QStringLiteral("lineState");
+constexpr qint64 c_microsecondsPerMillisecond = 1000;
 
 } // namespace
 
@@ -17,7 +22,8 @@ CommandRun::CommandRun(const LinkedDevice& device, const QString& command, const
                        QObject* parent)
     : QObject(parent)
     , m_device(device)
-    , m_order(device.host.createOrder(device.device, command, parameters))
+    , m_command(command)
+    , m_parameters(parameters)
     , m_wasConnected(device.driver.getProperty(c_connected, QVariant(false)).toBool())
 {
     connect(&m_device.host, &DHost::sigPropertyChanged, this,
@@ -26,6 +32,12 @@ CommandRun::CommandRun(const LinkedDevice& device, const QString& command, const
                     driverChanged(name, value);
                 }
             });
+    makeOrder();
+}
+
+void CommandRun::makeOrder()
+{
+    m_order = m_device.host.createOrder(m_device.device, m_command, m_parameters);
     connect(m_order.get(), &DOrder::sigResultsPublished, this, &CommandRun::sigResults);
     connect(m_order.get(), &DOrder::sigFinished, this, &CommandRun::sigEnded);
 }
@@ -33,7 +45,23 @@ CommandRun::CommandRun(const LinkedDevice& device, const QString& command, const
 void CommandRun::start(int limitMs)
 {
     const int ownLimitMs = isEndless() ? 0 : c_defaultLimitMs;
-    m_order->start(limitMs > 0 ? limitMs : ownLimitMs);
+    m_limitMs = limitMs > 0 ? limitMs : ownLimitMs;
+    m_startUs = m_device.clock.nowUs();
+    m_order->start(m_limitMs);
+}
+
+void CommandRun::beginAnew()
+{
+    if (m_command != c_listenCommand || m_stop != nullptr) {
+        return; // or it is being ended
+    }
+    DOrder* const old = m_order.release();
+    old->disconnect(this);
+    old->stop();
+    old->deleteLater(); // it may be telling us of a line
+    makeOrder();
+    const qint64 elapsedMs = (m_device.clock.nowUs() - m_startUs) / c_microsecondsPerMillisecond;
+    m_order->start(m_limitMs > 0 ? int(qMax<qint64>(1, m_limitMs - elapsedMs)) : 0);
 }
 
 void CommandRun::stop()
@@ -50,6 +78,13 @@ void CommandRun::driverChanged(const QString& property, const QVariant& value)
 {
     if (property == c_connected && value.toBool()) {
         m_wasConnected = true;
+    } else if (property == c_lineState && value.toString() == QLatin1String("lost")) {
+        m_isLineCutOff = true;
+    } else if (property == c_lineState && value.toString() == QLatin1String("open")) {
+        if (std::exchange(m_isLineCutOff, false)) {
+            beginAnew();
+            Q_EMIT sigLineBack();
+        }
     } else if (property == c_lineError && !value.toString().isEmpty()) {
         if (isEndless() && m_wasConnected) {
             Q_EMIT sigLineTrouble(value.toString());

@@ -43,14 +43,24 @@ Q_SIGNALS:
     void sigResults(const QMap<QString, QVariant>& values);
     /// The line is in trouble, and the run goes on.
     void sigLineTrouble(const QString& message);
+    /// A port that had gone is back, and nothing has arrived from it yet. A command that listens has begun anew: what
+    /// had arrived of a line is not the beginning of what comes now.
+    void sigLineBack();
     void sigEnded();
 
 private:
     void driverChanged(const QString& property, const QVariant& value);
+    void makeOrder();
+    void beginAnew();
 
     const LinkedDevice m_device;
+    const QString m_command;
+    const QMap<QString, QVariant> m_parameters;
     std::unique_ptr<DOrder> m_order;
     std::unique_ptr<DOrder> m_stop;
+    int m_limitMs = 0; // 0: none
+    qint64 m_startUs = 0;
     bool m_wasConnected;
-    QString m_lineFailure; // why the run was ended; empty: it was not ended by the line
+    bool m_isLineCutOff = false; // its port went, and is not back
+    QString m_lineFailure;       // why the run was ended; empty: it was not ended by the line
 };

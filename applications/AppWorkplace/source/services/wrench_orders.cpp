@@ -68,6 +68,7 @@ WrenchOrders::WrenchOrders(const LinkedDevice& wrench, const SessionOrder& order
     connect(&wrench.host, &DHost::sigTreatmentStarted, this, [this](const DAbstractPlugin* device) {
         if (device == &m_wrench.device && m_state != State::Off) {
             ++m_treatments;
+            m_lockWord.clear();
             Q_EMIT sigStarted();
         }
     });
@@ -83,6 +84,7 @@ WrenchOrders::WrenchOrders(const LinkedDevice& wrench, const SessionOrder& order
 WrenchOrders::~WrenchOrders()
 {
     cancelTimer();
+    m_wrench.clock.cancel(m_panelTimer);
 }
 
 void WrenchOrders::start()
@@ -95,6 +97,8 @@ void WrenchOrders::stop()
 {
     m_state = State::Off;
     m_treatments = 0;
+    m_panelLock.reset();
+    m_wrench.clock.cancel(std::exchange(m_panelTimer, 0));
     m_isRunning = false;
     cancelTimer();
     m_run.stop();
@@ -207,6 +211,12 @@ void WrenchOrders::lockSent(const DeviceRun::Results& results)
 
 void WrenchOrders::lineHeard(const QString& line)
 {
+    if (m_treatments > 0 && (line == c_lockedAnswer || line == c_unlockedAnswer || line.startsWith(c_refusalPrefix))) {
+        m_lockWord = line;
+        if (m_panelLock) {
+            panelLockAnswered();
+        }
+    }
     if (!m_isRunning || !m_lock) {
         return;
     }
@@ -244,17 +254,41 @@ void WrenchOrders::finishLock()
 
 void WrenchOrders::treated(const QString& treatment, const QVariantMap& parameters, const QVariantMap& reply)
 {
-    --m_treatments;
-    Q_EMIT sigEnded();
     const bool isDone = reply.value(c_success).toBool();
     if (treatment == c_setLock && isDone) {
-        m_setUp.chooseLock(parameters.value(c_lock).toBool());
-        locked(m_setUp.isLockChosen());
-    } else if (treatment == c_setProgram && isDone) {
+        // The plugin is content when its frame has left; the wrench may have answered by now, or not.
+        m_panelLock = parameters.value(c_lock).toBool();
+        if (m_lockWord.isEmpty()) {
+            m_wrench.clock.cancel(m_panelTimer);
+            m_panelTimer = m_wrench.clock.callAfter(c_answerLimitMs, [this] { panelLockAnswered(); });
+        } else {
+            panelLockAnswered();
+        }
+        return;
+    }
+    --m_treatments;
+    Q_EMIT sigEnded();
+    if (treatment == c_setProgram && isDone) {
         m_setUp.chooseProgram(parameters.value(c_progId).toInt());
         selected(*m_setUp.chosenProgram(), reply.value(c_presetData).toMap());
     } else if (treatment == c_setProgram) {
         selected(0, {});
+    }
+}
+
+// Or not, within the time: then nobody knows.
+void WrenchOrders::panelLockAnswered()
+{
+    m_wrench.clock.cancel(std::exchange(m_panelTimer, 0));
+    const bool isLocked = *std::exchange(m_panelLock, std::nullopt);
+    --m_treatments;
+    Q_EMIT sigEnded();
+    if (m_lockWord == (isLocked ? c_lockedAnswer : c_unlockedAnswer)) {
+        m_setUp.chooseLock(isLocked);
+        locked(isLocked);
+    } else if (!m_lockWord.startsWith(c_refusalPrefix)) { // refused: it is as it was
+        m_toldLock.reset();
+        Q_EMIT sigLockUnknown();
     }
 }
 

@@ -38,7 +38,7 @@ public:
     void selectProgram(int program); ///< from 1
     void setLock(bool isLocked);
     /// An order or a panel's treatment is being carried out.
-    bool isRunning() const { return m_isRunning || m_treatments > 0; }
+    bool isRunning() const { return m_isRunning || m_treatments > 0; } // a lock is, until it is answered
 
 Q_SIGNALS:
     void sigStarted();
@@ -72,6 +72,7 @@ private:
     void selected(int program, const QVariantMap& preset);
     void locked(bool isLocked);
     void treated(const QString& treatment, const QVariantMap& parameters, const QVariantMap& reply);
+    void panelLockAnswered();
 
     void refuse(Lock order, const Obstacle& obstacle);
     /// What runs has failed on its way: the wrench may have followed it or not.
@@ -89,11 +90,14 @@ private:
     State m_state = State::Off;
     bool m_isRunning = false;
     int m_treatments = 0; // of panels, going on
+    Lock m_panelLock;     // that a panel has sent and that is not answered yet
+    QString m_lockWord;   // the wrench's last answer to a lock, since a treatment began
     Lock m_lock;          // of what runs
     bool m_isLockSent = false;
     bool m_isLockAnswered = false;
     qint64 m_startUs = 0;
     int m_toldProgram = 0;
     std::optional<bool> m_toldLock;
-    Clock::TimerId m_timer = 0; // of the answer, and of asking again
+    Clock::TimerId m_timer = 0;      // of the answer, and of asking again
+    Clock::TimerId m_panelTimer = 0; // of the answer to a panel's lock
 };
