@@ -11,7 +11,20 @@
 
 namespace {
 constexpr int c_patienceMs = 30000; // a long trace is checked before the line is ready, slowly under a sanitizer
+constexpr size_t c_mostAtOnce = 4096;
+
+/// What is there, once something is; empty: the line stayed silent, or was hung up.
+QByteArray receiveNext(int descriptor, size_t most)
+{
+    pollfd poll{descriptor, POLLIN, 0};
+    std::array<char, c_mostAtOnce> buffer{};
+    if (::poll(&poll, 1, c_patienceMs) <= 0) {
+        return {};
+    }
+    const ssize_t size = ::read(descriptor, buffer.data(), most);
+    return size > 0 ? QByteArray(buffer.data(), static_cast<int>(size)) : QByteArray();
 }
+} // namespace
 
 SimulatorProcess::~SimulatorProcess()
 {
@@ -52,6 +65,19 @@ QString SimulatorProcess::readLine()
     return QString::fromLocal8Bit(m_process.readLine()).trimmed();
 }
 
+QByteArray receiveFrom(int descriptor, int bytes)
+{
+    QByteArray result;
+    while (result.size() < bytes) {
+        const QByteArray next = receiveNext(descriptor, c_mostAtOnce);
+        if (next.isEmpty()) {
+            break;
+        }
+        result += next;
+    }
+    return result;
+}
+
 OpenTerminal::OpenTerminal(const QString& path)
     : m_descriptor(::open(QFile::encodeName(path).constData(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC))
 {}
@@ -71,22 +97,17 @@ void OpenTerminal::send(const QByteArray& frame)
     }
 }
 
-QByteArray OpenTerminal::receive(int bytes)
+QByteArray OpenTerminal::receiveLine()
 {
-    QByteArray result;
-    while (result.size() < bytes) {
-        pollfd poll{m_descriptor, POLLIN, 0};
-        std::array<char, 4096> buffer{};
-        if (::poll(&poll, 1, c_patienceMs) <= 0) {
+    QByteArray line;
+    while (!line.endsWith("\r\n")) {
+        const QByteArray next = receiveNext(m_descriptor, 1);
+        if (next.isEmpty()) {
             break;
         }
-        const ssize_t size = ::read(m_descriptor, buffer.data(), buffer.size());
-        if (size <= 0) {
-            break;
-        }
-        result.append(buffer.data(), static_cast<int>(size));
+        line += next;
     }
-    return result;
+    return line;
 }
 
 bool OpenTerminal::waitForHangUp()

@@ -28,6 +28,10 @@ private:
     QString m_path;
 };
 
+/// Waits for so many bytes, and takes what is there with them. Less: what came until the line fell silent for long, or
+/// was hung up.
+QByteArray receiveFrom(int descriptor, int bytes);
+
 /// The terminal as a program under test has it: plain system calls, nothing set but non-blocking.
 class OpenTerminal
 {
@@ -41,10 +45,11 @@ public:
     int descriptor() const { return m_descriptor; }
     void send(const QByteArray& frame);
 
-    /// Waits for so many bytes, at most five seconds. Less: what came until then, or until the line was hung up.
-    QByteArray receive(int bytes);
+    QByteArray receive(int bytes) { return receiveFrom(m_descriptor, bytes); }
+    /// Up to and with the next line end; what is behind it is left.
+    QByteArray receiveLine();
 
-    /// True when the other side hangs up within five seconds.
+    /// True when the other side hangs up.
     bool waitForHangUp();
 
 private:
