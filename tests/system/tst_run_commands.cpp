@@ -198,7 +198,7 @@ void TestRunCommands::scansTheWrenchesInRange()
     QVERIFY2(simulator.start({QStringLiteral("--wrench"), QStringLiteral("2210,rssi=-80"), QStringLiteral("--wrench"),
                               QStringLiteral("2211,rssi=-40"), QStringLiteral("--scan-period"), QStringLiteral("100")}),
              simulator.report());
-    QVERIFY(scan.startOn(simulator.port(), words("scan --duration 0.6")));
+    QVERIFY(scan.startOn(simulator.port(), words("scan --duration 3")));
     QVERIFY2(scan.waitForEnd(), scan.report());
     QCOMPARE(scan.exitStatus(), 0);
     QCOMPARE(scan.outputLines().filter(QRegularExpression(QStringLiteral("^ *22"))).size(), 2);
