@@ -18,6 +18,7 @@
 namespace {
 
 constexpr int c_watchdogMs = 400;
+const QString c_unlocking = QStringLiteral("DT:0"); // the last step before a session listens
 const QString c_torque = QStringLiteral("convertedTorque");
 
 /// The service manager's end: a socket that hears what a service tells.
@@ -105,6 +106,7 @@ class TestSessionService : public QObject
 
 private Q_SLOTS:
     void isReadyOnceItListens();
+    void isNotReadyBeforeItListens();
     void isNeverReadyWithoutAWrench();
     void tellsWhatItDoes();
     void feedsTheWatchdog();
@@ -118,14 +120,27 @@ void TestSessionService::isReadyOnceItListens()
     Manager manager;
     QVERIFY(manager.isOpen());
     SimulatorRun simulator;
-    QVERIFY(simulator.start({QStringLiteral("--link-delay"), QStringLiteral("500")}));
+    QVERIFY(simulator.start({}));
     WorkplaceRun session;
     QVERIFY(session.startSession(simulator));
-    QVERIFY2(session.waitForEvents(QStringLiteral("scan")), session.report());
-    QCOMPARE(manager.count("READY=1"), 0); // half a second before the link is there
     QVERIFY2(manager.waitFor("READY=1"), session.report());
-    QVERIFY2(session.trace().sent().contains(QStringLiteral("DT:0")), "unlocked, the last step before it listens");
+    QVERIFY2(session.trace().sent().contains(c_unlocking), "unlocked, the last step before it listens");
     QCOMPARE(manager.count("READY=1"), 1);
+}
+
+void TestSessionService::isNotReadyBeforeItListens()
+{
+    Manager manager;
+    SimulatorRun simulator;
+    QVERIFY(simulator.start({QStringLiteral("--fault"), QStringLiteral("silence@14")})); // the unlocking
+    WorkplaceRun session;
+    QVERIFY(session.startSession(simulator));
+    QVERIFY2(waitUntil([&] { return session.trace().sent().contains(c_unlocking); }), session.report());
+    session.sendSignal(SIGINT);
+    QVERIFY2(session.waitForEnd(), session.report());
+    QCOMPARE(session.trace().sent().indexOf(c_unlocking), 13);
+    QCOMPARE(manager.count("READY=1"), 0);
+    QVERIFY2(manager.status().contains("STATUS=unlock"), manager.status().constData());
 }
 
 void TestSessionService::isNeverReadyWithoutAWrench()
