@@ -122,7 +122,7 @@ private Q_SLOTS:
     {
         show("PanelPage");
         work();
-        QTRY_VERIFY(item("maintenance_panel_device_haitor") != nullptr);
+        QTRY_VERIFY_WITH_TIMEOUT(item("maintenance_panel_device_haitor") != nullptr, c_patienceMs);
         drawn();
         QVERIFY(item("maintenance_panel_device_haitor")->property("connected").toBool());
         m_scene->click(panelButton("Lock"));
@@ -144,7 +144,7 @@ private Q_SLOTS:
         QVERIFY(waitUntil([&] { return trace->kept() > 10; }));
         m_simulator->say(QStringLiteral("tighten"));
         trace->setFilterText(QStringLiteral("RE:F:"));
-        QTRY_COMPARE(trace->shown(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(trace->shown(), 1, c_patienceMs);
         QCOMPARE(trace->index(0).data(TraceTable::Direction).toString(), QStringLiteral("arrived"));
         m_scene->click(item("trace.idSave"));
         const QString file = trace->savedFile();
@@ -192,12 +192,12 @@ private Q_SLOTS:
         m_device->stop();
         QVERIFY(waitUntil([this] { return m_device->state() == DeviceModel::Idle; }));
         show("PanelPage");
-        QTRY_VERIFY(item("maintenance_panel_device_haitor") != nullptr);
+        QTRY_VERIFY_WITH_TIMEOUT(item("maintenance_panel_device_haitor") != nullptr, c_patienceMs);
         drawn();
         m_scene->click(panelButton("Lock"));
-        QTRY_VERIFY(item("maintenance_panel_device_haitor")->property("connected").toBool());
+        QTRY_VERIFY_WITH_TIMEOUT(item("maintenance_panel_device_haitor")->property("connected").toBool(), c_patienceMs);
         show("DoctorPage");
-        QTRY_VERIFY(item("doctor.idStart")->isEnabled());
+        QTRY_VERIFY_WITH_TIMEOUT(item("doctor.idStart")->isEnabled(), c_patienceMs);
         drawn();
         m_scene->click(item("doctor.idStart"));
         const QModelIndex port = m_doctor->index(1);
