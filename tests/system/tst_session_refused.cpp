@@ -53,15 +53,15 @@ void TestSessionRefused::saysThatASilentWrenchWasEndedByTheTimeLimit()
     SimulatorRun simulator;
     WorkplaceRun session;
     QVERIFY2(simulator.start(option("fault", faultFrom("silence", frame))), simulator.report());
-    QVERIFY(session.startSession(simulator,
-                                 option("program", QStringLiteral("1")) + option("limit", QStringLiteral("0.8"))));
+    QVERIFY(
+        session.startSession(simulator, option("program", QStringLiteral("1")) + option("limit", QStringLiteral("2"))));
     QVERIFY2(session.waitForEnd(), session.report());
     QCOMPARE(session.exitStatus(), 1);
     QCOMPARE(failedStepOf(session), step);
-    QVERIFY2(reasonOf(session).contains(QLatin1String("the time limit of 0.8 s")), session.report());
+    QVERIFY2(reasonOf(session).contains(QLatin1String("the time limit of 2 s")), session.report());
     QCOMPARE(session.event(QStringLiteral("summary")).value(QLatin1String("endedBy")).toString(),
              QStringLiteral("failure"));
-    QVERIFY(session.event(QStringLiteral("summary")).value(QLatin1String("elapsedMs")).toInt() >= 800);
+    QVERIFY(session.event(QStringLiteral("summary")).value(QLatin1String("elapsedMs")).toInt() >= 2000);
     QVERIFY(!simulator.say(QStringLiteral("fault none")).isEmpty());
     QCOMPARE(session.trace().sent().constLast(), QStringLiteral("ATH"));
     QCOMPARE(session.trace().lastEntry(), QStringLiteral("! closed"));
@@ -98,11 +98,11 @@ void TestSessionRefused::failsWhenTheLinkedWrenchDoesNotAnswerTheProbe()
         simulator.start(option("fault", QStringLiteral("err:2@1")) + option("fault", QStringLiteral("silence@2+"))),
         simulator.report());
     WorkplaceRun session;
-    QVERIFY(session.startSession(simulator, option("limit", QStringLiteral("0.8"))));
+    QVERIFY(session.startSession(simulator, option("limit", QStringLiteral("2"))));
     QVERIFY2(session.waitForEnd(), session.report());
     QCOMPARE(session.exitStatus(), 1);
     QCOMPARE(failedStepOf(session), QStringLiteral("connect"));
-    QVERIFY2(reasonOf(session).contains(QLatin1String("the time limit of 0.8 s")), session.report());
+    QVERIFY2(reasonOf(session).contains(QLatin1String("the time limit of 2 s")), session.report());
     QVERIFY2(reasonOf(session).contains(QLatin1String("ERR:2")), session.report());
 }
 
@@ -181,11 +181,11 @@ void TestSessionRefused::tellsPeopleWhatFailedWhyAndWhatToDo()
     QVERIFY2(simulator.start(option("fault", faultFrom("silence", 5))), simulator.report());
     QVERIFY(session.startOn(simulator.port(), QStringList{QStringLiteral("session")} +
                                                   option("serial-id", QStringLiteral("2210")) +
-                                                  option("limit", QStringLiteral("0.5"))));
+                                                  option("limit", QStringLiteral("2"))));
     QVERIFY2(session.waitForEnd(), session.report());
     QCOMPARE(session.exitStatus(), 1);
     const QString message = session.messages();
-    for (const char* said : {"configure: the wrench could not be configured\n", "the time limit of 0.5 s",
+    for (const char* said : {"configure: the wrench could not be configured\n", "the time limit of 2 s",
                              "bring the wrench nearer and try again\n"}) {
         QVERIFY2(message.contains(QLatin1String(said)), qPrintable(message));
     }
