@@ -80,7 +80,7 @@ void TestDoctorEnds::putsTheLockBackHoweverItEnds()
     }
     simulator.say(QStringLiteral("fault ") + fault);
     DoctorRun doctor;
-    QVERIFY(doctor.startDoctor(simulator.port(), words("--limit 0.8 --wait-result 0.2")));
+    QVERIFY(doctor.startDoctor(simulator.port(), words("--limit 2 --wait-result 0.2")));
     QVERIFY2(doctor.waitForEnd(), doctor.report());
     QCOMPARE(doctor.exitStatus(), c_deviceProblem);
     QVERIFY2(doctor.trace().sent().filter(QStringLiteral("DT:")).size() >= 2, doctor.report());
@@ -105,7 +105,7 @@ void TestDoctorEnds::saysWhenTheLockCannotBePutBack()
     SimulatorRun simulator;
     QVERIFY2(simulator.start(words("--fault silence@19+")), simulator.report());
     DoctorRun doctor;
-    QVERIFY(doctor.startDoctor(simulator.port(), words("--limit 0.8 --wait-result 0.1")));
+    QVERIFY(doctor.startDoctor(simulator.port(), words("--limit 2 --wait-result 0.1")));
     QVERIFY2(doctor.waitForEnd(), doctor.report());
     QCOMPARE(doctor.exitStatus(), c_deviceProblem);
     const QJsonObject last = doctor.events(QStringLiteral("error")).constLast();

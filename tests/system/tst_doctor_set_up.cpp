@@ -351,7 +351,7 @@ void TestDoctorSetUp::namesALineOfGarbage()
 {
     const ScriptedLine line({{"", "\xfe\x80\xf1"}});
     DoctorRun doctor;
-    QVERIFY(doctor.startDoctor(line.port(), {QStringLiteral("--limit"), QStringLiteral("0.3")}));
+    QVERIFY(doctor.startDoctor(line.port(), {QStringLiteral("--limit"), QStringLiteral("2")}));
     QVERIFY2(doctor.waitForNotice(QStringLiteral("line"), QStringLiteral("what comes back is no text; tries other")),
              doctor.report());
     QVERIFY2(doctor.waitForEnd(), doctor.report());

@@ -85,12 +85,12 @@ void TestDoctorWrench::goesOnWithALinkThatTheDongleKeeps()
     SimulatorRun simulator;
     QVERIFY2(simulator.start(words("--mode transparent")), simulator.report());
     DoctorRun first;
-    QVERIFY(first.startDoctor(simulator.port(), words("--limit 0.8")));
+    QVERIFY(first.startDoctor(simulator.port(), words("--limit 2")));
     QVERIFY2(first.waitForEnd(), first.report());
     QCOMPARE(first.exitStatus(), 0);
 
     DoctorRun second;
-    QVERIFY(second.startDoctor(simulator.port(), words("--limit 0.8")));
+    QVERIFY(second.startDoctor(simulator.port(), words("--limit 2")));
     QVERIFY2(second.waitForEnd(), second.report());
     QCOMPARE(second.exitStatus(), 0);
     QCOMPARE(second.stateOf(QStringLiteral("range")), QStringLiteral("skipped"));
@@ -119,7 +119,7 @@ void TestDoctorWrench::namesWhatIsWrong_data()
     row("another wrench than asked for", "--wrench 4711,rssi=-50 --wrench 4712,rssi=-70", "", "range",
         "the wrench 2210 is not in range", "only these were heard: 4711 (02:00:00:00:00:01, -5",
         "or check the serial number");
-    row("no wrench at all", "--wrench 2210 --fault out-of-range:2210@1", "--limit 0.8", "range",
+    row("no wrench at all", "--wrench 2210 --fault out-of-range:2210@1", "--limit 2", "range",
         "the wrench 2210 is not in range", "no wrench was heard", "switch the wrench on");
     row("a weak signal", "--wrench 2210,rssi=-95", "", "range", "the signal of the wrench 2210 is weak: -9",
         "below -80 dBm frames get lost", "bring wrench and dongle nearer");
@@ -127,15 +127,15 @@ void TestDoctorWrench::namesWhatIsWrong_data()
         "2 wrenches answer to the serial number 2210", "02:00:00:00:00:02", "switch off all but one of them");
     row("a refused link", "--fault out-of-range:2210@4", "", "link", "the radio link to the wrench 2210 is refused",
         "\"ERR:1\"", "switch the wrench off and on");
-    row("a dongle that does not dial", "--fault silence@4+", "--limit 0.8", "link",
+    row("a dongle that does not dial", "--fault silence@4+", "--limit 2", "link",
         "the radio link to the wrench 2210 does not open", "the dongle did not answer", "unplug the dongle");
-    row("a silent wrench", "--fault silence@6+", "--limit 0.8", "wrench",
-        "the wrench is silent, although its link opens", "did not answer to \"DI:C\"", "switch the wrench off and on");
+    row("a silent wrench", "--fault silence@6+", "--limit 2", "wrench", "the wrench is silent, although its link opens",
+        "did not answer to \"DI:C\"", "switch the wrench off and on");
     row("a wrench that leaves", "--fault out-of-range:2210@6", "", "wrench", "the wrench is not reached", "\"ERR:1\"",
         "bring the wrench nearer");
     row("a dongle that does not open its link again", "--mode drop", "", "wrench",
         "the dongle does not open the link again for a frame", "\"ERR:3\"", "open its last link by itself");
-    row("programs that are not told", "--fault silence@7+", "--limit 0.8", "programs",
+    row("programs that are not told", "--fault silence@7+", "--limit 2", "programs",
         "the programs of the wrench cannot be read", "the wrench did not answer", "bring the wrench nearer");
     row("programs that break off", "--fault err:4@9", "", "programs", "the programs could be read only in part: 1",
         "\"ERR:4\"", "bring the wrench nearer");
@@ -225,9 +225,8 @@ void TestDoctorWrench::namesWhatAnotherDeviceSays()
     }
     DoctorRun doctor;
     const bool isUnnamed = stage == QLatin1String("range");
-    QVERIFY(doctor.startDoctor(line.port(),
-                               words("--limit 0.8") +
-                                   (isUnnamed ? words("--serial-id") + QStringList{QString()} : QStringList())));
+    QVERIFY(doctor.startDoctor(
+        line.port(), words("--limit 2") + (isUnnamed ? words("--serial-id") + QStringList{QString()} : QStringList())));
     QVERIFY2(doctor.waitForEnd(), doctor.report());
     const DoctorRun::Complaint complaint = doctor.complaint();
     QVERIFY2(complaint.stage == stage && complaint.what == what, doctor.report());
