@@ -319,7 +319,7 @@ void TestDoctorSetUp::namesTheSpeedOfTheDongle()
     QVERIFY(writeFile(file, configuration));
     DoctorRun doctor;
     QVERIFY(doctor.startDoctor(simulator.port(),
-                               {QStringLiteral("--config"), file, QStringLiteral("--limit"), QStringLiteral("0.3")}));
+                               {QStringLiteral("--config"), file, QStringLiteral("--limit"), QStringLiteral("1")}));
     QVERIFY2(doctor.waitForNotice(QStringLiteral("line"), QStringLiteral("tries other speeds: 9600, ")),
              doctor.report());
     QVERIFY2(doctor.waitForEnd(), doctor.report());
