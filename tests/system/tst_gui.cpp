@@ -58,6 +58,9 @@ private Q_SLOTS:
         QTest::newRow("page") << QStringList({QStringLiteral("--page"), QStringLiteral("cellar")});
         QTest::newRow("theme") << QStringList({QStringLiteral("--theme"), QStringLiteral("pink")});
         QTest::newRow("size") << QStringList({QStringLiteral("--size"), QStringLiteral("wide")});
+        for (const char* size : {"639x480", "640x479", "7681x800", "1280x4321", "99999x99999"}) {
+            QTest::newRow(size) << QStringList({QStringLiteral("--size"), QLatin1String(size)});
+        }
         QTest::newRow("argument") << QStringList({QStringLiteral("work")});
     }
     void refusesWhatThereIsNot()

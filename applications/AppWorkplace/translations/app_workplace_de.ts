@@ -886,10 +886,6 @@ Optionen aller Befehle:
         <translation>wählen Sie eins davon: %1</translation>
     </message>
     <message>
-        <source>say it in pixels, as 1280x800</source>
-        <translation>geben Sie sie in Pixeln an, etwa 1280x800</translation>
-    </message>
-    <message>
         <source>the window takes no argument &quot;%1&quot;</source>
         <translation>das Fenster nimmt kein Argument „%1“</translation>
     </message>
@@ -916,10 +912,6 @@ Optionen aller Befehle:
     <message>
         <source>How it looks.</source>
         <translation>Wie es aussieht.</translation>
-    </message>
-    <message>
-        <source>The size of the window in pixels; 1280x800 when not said.</source>
-        <translation>Die Größe des Fensters in Pixeln; ohne Angabe 1280x800.</translation>
     </message>
     <message>
         <source>Draws the window into this PNG file and ends; no display is needed.</source>
@@ -968,6 +960,14 @@ Optionen aller Befehle:
     <message>
         <source>choose theme and language anew; that replaces the file</source>
         <translation>wählen Sie Farben und Sprache neu; das ersetzt die Datei</translation>
+    </message>
+    <message>
+        <source>say it in pixels, as 1280x800: from 640x480 to 7680x4320</source>
+        <translation>geben Sie sie in Pixeln an, etwa 1280x800: von 640x480 bis 7680x4320</translation>
+    </message>
+    <message>
+        <source>The size of the window in pixels, 640x480 to 7680x4320; 1280x800 when not said.</source>
+        <translation>Die Größe des Fensters in Pixeln, 640x480 bis 7680x4320; ohne Angabe 1280x800.</translation>
     </message>
 </context>
 <context>

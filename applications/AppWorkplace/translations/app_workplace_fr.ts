@@ -886,10 +886,6 @@ Options de toutes les commandes :
         <translation>choisissez parmi : %1</translation>
     </message>
     <message>
-        <source>say it in pixels, as 1280x800</source>
-        <translation>indiquez-la en pixels, comme 1280x800</translation>
-    </message>
-    <message>
         <source>the window takes no argument &quot;%1&quot;</source>
         <translation>la fenêtre ne prend pas d’argument « %1 »</translation>
     </message>
@@ -916,10 +912,6 @@ Options de toutes les commandes :
     <message>
         <source>How it looks.</source>
         <translation>Son apparence.</translation>
-    </message>
-    <message>
-        <source>The size of the window in pixels; 1280x800 when not said.</source>
-        <translation>La taille de la fenêtre en pixels ; 1280x800 par défaut.</translation>
     </message>
     <message>
         <source>Draws the window into this PNG file and ends; no display is needed.</source>
@@ -968,6 +960,14 @@ Options de toutes les commandes :
     <message>
         <source>choose theme and language anew; that replaces the file</source>
         <translation>choisissez de nouveau le thème et la langue ; cela remplace le fichier</translation>
+    </message>
+    <message>
+        <source>say it in pixels, as 1280x800: from 640x480 to 7680x4320</source>
+        <translation>indiquez-la en pixels, par exemple 1280x800 : de 640x480 à 7680x4320</translation>
+    </message>
+    <message>
+        <source>The size of the window in pixels, 640x480 to 7680x4320; 1280x800 when not said.</source>
+        <translation>La taille de la fenêtre en pixels, de 640x480 à 7680x4320 ; 1280x800 sans indication.</translation>
     </message>
 </context>
 <context>

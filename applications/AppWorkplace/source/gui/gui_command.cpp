@@ -15,6 +15,9 @@
 namespace {
 
 constexpr int c_pictureLimitMs = 120000;
+// Below, nothing can be read; beyond, there is no display, and a picture takes more memory than there is.
+constexpr QSize c_smallest(640, 480);
+constexpr QSize c_largest(7680, 4320);
 const QString c_device = QStringLiteral("device");
 const QString c_page = QStringLiteral("page");
 const QString c_theme = QStringLiteral("theme");
@@ -47,9 +50,10 @@ void takeSize(const QCommandLineParser& options, QSize& size, Problem* problem)
         static const QRegularExpression form(QStringLiteral("^(\\d{3,5})x(\\d{3,5})$"));
         const QRegularExpressionMatch match = form.match(options.value(c_size));
         size = QSize(match.captured(1).toInt(), match.captured(2).toInt());
-        if (!match.hasMatch()) {
+        const bool isShown = size.boundedTo(c_largest).expandedTo(c_smallest) == size;
+        if (!match.hasMatch() || !isShown) {
             *problem = usage(GuiCommand::tr("--%1 cannot be \"%2\"").arg(c_size, options.value(c_size)),
-                             GuiCommand::tr("say it in pixels, as 1280x800"));
+                             GuiCommand::tr("say it in pixels, as 1280x800: from 640x480 to 7680x4320"));
         }
     }
 }
@@ -88,7 +92,8 @@ CliEntry GuiCommand::entry()
          {c_connect, tr("Each device whose wrench is known begins to work at once.")},
          {c_page, tr("The page to begin with."), WindowModel::pages().join(QLatin1Char('|'))},
          {c_theme, tr("How it looks."), WindowModel::themes().join(QLatin1Char('|'))},
-         {c_size, tr("The size of the window in pixels; 1280x800 when not said."), QStringLiteral("WxH")},
+         {c_size, tr("The size of the window in pixels, 640x480 to 7680x4320; 1280x800 when not said."),
+          QStringLiteral("WxH")},
          {c_screenshot, tr("Draws the window into this PNG file and ends; no display is needed."),
           QStringLiteral("FILE")},
          {c_results, tr("With --screenshot and --connect: when so many results have come."), QStringLiteral("N")}},
@@ -182,8 +187,8 @@ void GuiCommand::takePictureWhenReady()
 void GuiCommand::takePicture()
 {
     m_view->picture([this](const QImage& image) {
-        constexpr int c_smallest = 0; // the file's size, at the cost of time
-        if (!smallPicture(image).save(m_order.screenshot, "PNG", c_smallest)) {
+        constexpr int c_smallestFile = 0; // at the cost of time
+        if (!smallPicture(image).save(m_order.screenshot, "PNG", c_smallestFile)) {
             tell({Problem::Kind::SetUp,
                   QStringLiteral("gui"),
                   tr("the picture cannot be written to %1").arg(m_order.screenshot),
