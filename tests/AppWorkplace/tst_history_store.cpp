@@ -55,6 +55,8 @@ class TestHistoryStore : public QObject
 
 private Q_SLOTS:
     void makesTheFolderAndTheFile();
+    void saysWhatKeepsItFromLooking_data();
+    void saysWhatKeepsItFromLooking();
     void storesARecordAsItIs();
     void tellsTextsIntegersAndAbsentEntriesApart();
     void keepsRawLinesByteForByte();
@@ -95,6 +97,49 @@ void TestHistoryStore::makesTheFolderAndTheFile()
     QVERIFY(store.exists());
     QCOMPARE(QDir(folder.filePath(QStringLiteral("a/b"))).entryList({QStringLiteral("*.new-*")}, QDir::Files),
              QStringList());
+}
+
+void TestHistoryStore::saysWhatKeepsItFromLooking_data()
+{
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<QString>("link");
+    QTest::addColumn<QString>("cause");
+    QTest::newRow("a file instead of the folder") << "file"
+                                                  << ""
+                                                  << "Not a directory";
+    QTest::newRow("a link to no file") << "folder"
+                                       << "folder/history.sqlite"
+                                       << "No such file or directory";
+    QTest::newRow("a link to no folder") << "gone/data"
+                                         << "gone"
+                                         << "No such file or directory";
+    QTest::newRow("no right to look") << "closed"
+                                      << ""
+                                      << "Permission denied";
+}
+
+void TestHistoryStore::saysWhatKeepsItFromLooking()
+{
+    QFETCH(QString, folder);
+    QFETCH(QString, link);
+    QFETCH(QString, cause);
+    const QTemporaryDir place;
+    QFile file(place.filePath(QStringLiteral("file")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(QDir(place.path()).mkdir(QStringLiteral("folder")));
+    QVERIFY(QDir(place.path()).mkdir(QStringLiteral("closed")));
+    QVERIFY(QFile::setPermissions(place.filePath(QStringLiteral("closed")), QFile::Permissions()));
+    QVERIFY(link.isEmpty() || QFile::link(place.filePath(QStringLiteral("nowhere")), place.filePath(link)));
+    HistoryStore store(place.filePath(folder));
+    std::optional<OrdinaryUser> user;
+    if (folder == QLatin1String("closed")) {
+        user.emplace();
+    }
+    QVERIFY(store.exists());
+    const std::optional<Problem> problem = store.openToRead();
+    QVERIFY(problem);
+    QCOMPARE(problem->kind, Problem::Kind::SetUp);
+    QCOMPARE(problem->cause, cause);
 }
 
 void TestHistoryStore::storesARecordAsItIs()

@@ -86,6 +86,8 @@ class TestResults : public QObject
 
 private Q_SLOTS:
     void saysThatNothingIsStoredYet();
+    void saysWhyAHistoryCannotBeLookedAt_data();
+    void saysWhyAHistoryCannotBeLookedAt();
     void listsForPeople();
     void filters();
     void exportsBothFormats();
@@ -113,6 +115,30 @@ void TestResults::saysThatNothingIsStoredYet()
     QCOMPARE(results.exitStatus(), 0);
     QVERIFY2(results.messages().contains(QLatin1String("Nothing is stored yet")), results.report());
     QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("history.sqlite"))));
+}
+
+void TestResults::saysWhyAHistoryCannotBeLookedAt_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::newRow("list") << QStringList{};
+    QTest::newRow("JSON") << QStringList{c_json};
+    QTest::newRow("watch") << QStringList{QStringLiteral("--watch")};
+    QTest::newRow("export") << QStringList{QStringLiteral("--export"), QStringLiteral("/dev/null/no.csv")};
+}
+
+void TestResults::saysWhyAHistoryCannotBeLookedAt()
+{
+    QFETCH(QStringList, options);
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("no-folder")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    WorkplaceRun results;
+    results.keepStoreIn(file.fileName());
+    QVERIFY(results.start(QStringList{c_results} + options));
+    QVERIFY(results.waitForEnd());
+    QCOMPARE(results.exitStatus(), 3);
+    QVERIFY2(results.messages().contains(QLatin1String("Not a directory")), results.report());
+    QVERIFY2(!results.messages().contains(QLatin1String("Nothing is stored yet")), results.report());
 }
 
 void TestResults::listsForPeople()

@@ -1096,10 +1096,6 @@ Optionen aller Befehle:
         <translation>der Verlauf %1 lässt sich nicht lesen</translation>
     </message>
     <message>
-        <source>check the name and the rights of the file</source>
-        <translation>prüfen Sie Namen und Rechte der Datei</translation>
-    </message>
-    <message>
         <source>its beginning is damaged</source>
         <translation>ihr Anfang ist beschädigt</translation>
     </message>
@@ -1142,6 +1138,10 @@ Optionen aller Befehle:
     <message>
         <source>replace it, or name another one</source>
         <translation>ersetzen Sie sie, oder nennen Sie eine andere</translation>
+    </message>
+    <message>
+        <source>check the file, its folder and the rights of both, or name another folder with --data</source>
+        <translation>prüfen Sie die Datei, ihren Ordner und die Rechte beider, oder nennen Sie mit --data einen anderen Ordner</translation>
     </message>
 </context>
 <context>

@@ -1096,10 +1096,6 @@ Options de toutes les commandes :
         <translation>l’historique %1 ne peut pas être lu</translation>
     </message>
     <message>
-        <source>check the name and the rights of the file</source>
-        <translation>vérifiez le nom et les droits du fichier</translation>
-    </message>
-    <message>
         <source>its beginning is damaged</source>
         <translation>son début est endommagé</translation>
     </message>
@@ -1142,6 +1138,10 @@ Options de toutes les commandes :
     <message>
         <source>replace it, or name another one</source>
         <translation>remplacez-le, ou nommez-en un autre</translation>
+    </message>
+    <message>
+        <source>check the file, its folder and the rights of both, or name another folder with --data</source>
+        <translation>vérifiez le fichier, son dossier et les droits des deux, ou nommez un autre dossier avec --data</translation>
     </message>
 </context>
 <context>

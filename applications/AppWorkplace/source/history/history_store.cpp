@@ -6,6 +6,10 @@
 #include <QFileInfo>
 #include <QTemporaryFile>
 
+#include <cerrno>
+
+#include <sys/stat.h>
+
 #include "file_sync.h"
 #include "history_problem.h"
 
@@ -68,12 +72,23 @@ QString HistoryStore::fileIn(const QString& folder)
 
 bool HistoryStore::exists() const
 {
-    return QFileInfo::exists(m_file);
+    struct stat found
+    {
+    };
+    QString path = m_file;
+    while (::lstat(QFile::encodeName(path).constData(), &found) != 0) {
+        if (errno != ENOENT) {
+            return true;
+        }
+        path = QFileInfo(path).path();
+    }
+    // A link to a folder that is not there now, of a disk that is not mounted say, is no folder without a history.
+    return path == m_file || !QFileInfo(path).isDir();
 }
 
 std::optional<Problem> HistoryStore::openToWrite(const QVector<history_schema::Migration>& migrations)
 {
-    if (!exists()) {
+    if (!QFileInfo::exists(m_file)) {
         if (std::optional<Problem> problem = create(migrations)) {
             return problem;
         }
@@ -149,8 +164,9 @@ std::optional<Problem> HistoryStore::create(const QVector<history_schema::Migrat
     if (!syncFile(place.handle(), &cause)) {
         return refused(cause);
     }
-    if (!linkFile(place.fileName(), m_file, &cause)) {                           // never over a file that is there
-        return exists() ? std::nullopt : std::optional<Problem>(refused(cause)); // another session may be faster
+    if (!linkFile(place.fileName(), m_file, &cause)) {   // never over a file that is there
+        const bool isFaster = QFileInfo::exists(m_file); // another session
+        return isFaster ? std::nullopt : std::optional<Problem>(refused(cause));
     }
     if (!syncFolder(folder, &cause) || !syncFolder(QFileInfo(folder).absolutePath(), &cause)) {
         return refused(cause);
@@ -166,7 +182,8 @@ std::optional<Problem> HistoryStore::check(HistoryDatabase& database, int newest
         return Problem{Problem::Kind::SetUp, QStringLiteral("history"),
                        QCoreApplication::translate("History", "the history %1 cannot be read").arg(m_file),
                        input.errorString(),
-                       QCoreApplication::translate("History", "check the name and the rights of the file")};
+                       QCoreApplication::translate("History", "check the file, its folder and the rights of both, or "
+                                                              "name another folder with --data")};
     }
     if (input.read(c_fileStart.size()) != c_fileStart) {
         return historyRefusal(m_file, QCoreApplication::translate("History", "its beginning is damaged"),

@@ -24,6 +24,7 @@ public:
 
     static QString fileIn(const QString& folder);
     const QString& file() const { return m_file; }
+    /// False: there is none. What may not be looked at counts as there; openToRead() says why it cannot be read.
     bool exists() const;
 
     /// For a session: makes the folder and the file where there are none, checks what is there, and brings an older
