@@ -33,6 +33,7 @@ private Q_SLOTS:
     void showsItsHelp();
     void listsTheElevenCommands();
     void listsThePorts();
+    void saysWhatTheSimulatorRefuses();
     void refusesAFolderWithoutPlugins_data();
     void refusesAFolderWithoutPlugins();
     void loadsTheGoodPluginsBesideABadFile();
@@ -175,6 +176,17 @@ void TestCommandUsage::listsTheElevenCommands()
     std::sort(names.begin(), names.end());
     QCOMPARE(names, words("checkSerialId getPresetData listProgram listenEventsData searchAndConnect sendInitConfig "
                           "setKeepAlive setKeepAliveFonction setLock setProgram startDetection"));
+}
+
+void TestCommandUsage::saysWhatTheSimulatorRefuses()
+{
+    WorkplaceRun run;
+    QVERIFY(run.start({QStringLiteral("session"), QStringLiteral("--serial-id"), QStringLiteral("a b")}));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), c_setUpProblem);
+    QVERIFY2(run.messages().contains(QLatin1String("the serial number must be one word")), run.report());
+    QVERIFY2(run.messages().contains(QLatin1String("name another one with --serial-id")), run.report());
+    QVERIFY2(!run.messages().contains(QLatin1String("install")), run.report());
 }
 
 void TestCommandUsage::listsThePorts()

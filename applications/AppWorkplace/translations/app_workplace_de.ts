@@ -3442,6 +3442,14 @@ Optionen aller Befehle:
         <source>mend the file, or name another one with --port simulated:FILE</source>
         <translation>die Datei berichtigen oder mit --port simulated:FILE eine andere nennen</translation>
     </message>
+    <message>
+        <source>the simulated wrench cannot have the serial number &quot;%1&quot;</source>
+        <translation>der simulierte Schlüssel kann die Seriennummer „%1“ nicht haben</translation>
+    </message>
+    <message>
+        <source>name another one with --serial-id</source>
+        <translation>nennen Sie mit --serial-id eine andere</translation>
+    </message>
 </context>
 <context>
     <name>WorkplaceCommand</name>

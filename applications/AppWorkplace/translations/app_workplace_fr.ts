@@ -3442,6 +3442,14 @@ Options de toutes les commandes :
         <source>mend the file, or name another one with --port simulated:FILE</source>
         <translation>corriger le fichier, ou en nommer un autre avec --port simulated:FILE</translation>
     </message>
+    <message>
+        <source>the simulated wrench cannot have the serial number &quot;%1&quot;</source>
+        <translation>la clé simulée ne peut pas avoir le numéro de série « %1 »</translation>
+    </message>
+    <message>
+        <source>name another one with --serial-id</source>
+        <translation>nommez-en un autre avec --serial-id</translation>
+    </message>
 </context>
 <context>
     <name>WorkplaceCommand</name>

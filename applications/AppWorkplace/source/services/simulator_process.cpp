@@ -8,6 +8,7 @@ namespace {
 
 constexpr int c_readyLimitMs = 10000;
 constexpr int c_endLimitMs = 1000;
+constexpr int c_wrongUsage = 2; // its exit status
 const QByteArray c_readyPrefix = QByteArrayLiteral("ready ");
 
 /// Twice a second: slow enough to be read, fast enough not to wait for.
@@ -46,6 +47,13 @@ SimulatorProcess::~SimulatorProcess()
             m_process.waitForFinished(c_endLimitMs);
         }
     }
+}
+
+QString SimulatorProcess::refusal() const
+{
+    const bool hasRefused = m_process.state() == QProcess::NotRunning &&
+                            m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == c_wrongUsage;
+    return hasRefused ? m_lastWords : QString();
 }
 
 QString SimulatorProcess::program()

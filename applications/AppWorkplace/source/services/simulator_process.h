@@ -18,6 +18,9 @@ public:
     /// Plays the scenario of the settings; without one there is one wrench, of their serial number.
     void start(const Settings& settings);
 
+    /// What it has said against its arguments; empty: nothing.
+    QString refusal() const;
+
     /// Where it is looked for: beside this program.
     static QString program();
 

@@ -125,6 +125,9 @@ void Workplace::open()
         if (m_portInUse.isEmpty() && m_settings.hasScenario()) {
             fail(tr("the scenario %1 is not used").arg(m_settings.scenarioFile()), cause,
                  tr("mend the file, or name another one with --port simulated:FILE"));
+        } else if (m_portInUse.isEmpty() && !m_settings.serialId.isEmpty() && !m_simulator->refusal().isEmpty()) {
+            fail(tr("the simulated wrench cannot have the serial number \"%1\"").arg(m_settings.serialId),
+                 m_simulator->refusal(), tr("name another one with --serial-id"));
         } else if (m_portInUse.isEmpty()) {
             fail(tr("the simulated wrench is not there"), cause,
                  tr("build or install wrench_simulator beside this program, or name a port with --port"));
