@@ -124,6 +124,8 @@ void TestDeviceSettings::refuses_data()
     QTest::addColumn<QString>("what");
     QTest::newRow("empty") << QStringList{QString()} << "the device \"\" has no port";
     QTest::newRow("only a number") << QStringList{QStringLiteral(",2210")} << "the device \",2210\" has no port";
+    QTest::newRow("no scenario") << QStringList{QStringLiteral("simulated:,1")}
+                                 << "the device \"simulated:,1\" names no scenario";
     QTest::newRow("a port twice") << QStringList{QStringLiteral("/dev/x,1"), QStringLiteral("/dev/x,2")}
                                   << "two devices have the port /dev/x";
 }

@@ -34,6 +34,7 @@ private Q_SLOTS:
     void listsTheElevenCommands();
     void listsThePorts();
     void saysWhatTheSimulatorRefuses();
+    void refusesAPortOfTheConfigurationThatNamesNoFile();
     void refusesAFolderWithoutPlugins_data();
     void refusesAFolderWithoutPlugins();
     void loadsTheGoodPluginsBesideABadFile();
@@ -95,6 +96,7 @@ void TestCommandUsage::refusesAWrongCommandLine_data()
     row("ports more", "\"more\"");
     row("commands setLock setProgram", "one command");
     row("commands frobnicate", "\"frobnicate\"");
+    row("ports --port simulated:", "the port \"simulated:\" names no file");
     row("run", "no command of a plugin is named");
     row("run frobnicate", "\"frobnicate\"");
     row("run elsewhere/setLock lock=true", "\"setLock\"");
@@ -187,6 +189,19 @@ void TestCommandUsage::saysWhatTheSimulatorRefuses()
     QVERIFY2(run.messages().contains(QLatin1String("the serial number must be one word")), run.report());
     QVERIFY2(run.messages().contains(QLatin1String("name another one with --serial-id")), run.report());
     QVERIFY2(!run.messages().contains(QLatin1String("install")), run.report());
+}
+
+void TestCommandUsage::refusesAPortOfTheConfigurationThatNamesNoFile()
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("configuration.json"));
+    QVERIFY(write(file, "{\n  \"port\": \"simulated:\"\n}"));
+    WorkplaceRun run;
+    QVERIFY(run.start(words("session --config") << file));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), c_setUpProblem);
+    QVERIFY2(run.messages().contains(file + QLatin1String(" is not used, line 2")), run.report());
+    QVERIFY2(!run.messages().contains(QLatin1String("QFSFileEngine")), run.report());
 }
 
 void TestCommandUsage::listsThePorts()

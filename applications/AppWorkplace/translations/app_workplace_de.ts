@@ -104,6 +104,14 @@ Optionen aller Befehle:
         <source>there is no command &quot;%1&quot;</source>
         <translation>den Befehl „%1“ gibt es nicht</translation>
     </message>
+    <message>
+        <source>the port &quot;%1&quot; names no file</source>
+        <translation>der Anschluss „%1“ nennt keine Datei</translation>
+    </message>
+    <message>
+        <source>name a scenario as simulated:FILE, or write only &quot;simulated&quot;</source>
+        <translation>nennen Sie ein Szenario als simulated:DATEI, oder schreiben Sie nur „simulated“</translation>
+    </message>
 </context>
 <context>
     <name>CommandsCommand</name>
@@ -613,6 +621,10 @@ Optionen aller Befehle:
     <message>
         <source>two devices have the port %1</source>
         <translation>zwei Geräte haben den Anschluss %1</translation>
+    </message>
+    <message>
+        <source>the device &quot;%1&quot; names no scenario</source>
+        <translation>das Gerät „%1“ nennt kein Szenario</translation>
     </message>
 </context>
 <context>

@@ -104,6 +104,14 @@ Options de toutes les commandes :
         <source>there is no command &quot;%1&quot;</source>
         <translation>la commande « %1 » n’existe pas</translation>
     </message>
+    <message>
+        <source>the port &quot;%1&quot; names no file</source>
+        <translation>le port « %1 » ne nomme aucun fichier</translation>
+    </message>
+    <message>
+        <source>name a scenario as simulated:FILE, or write only &quot;simulated&quot;</source>
+        <translation>nommez un scénario sous la forme simulated:FICHIER, ou écrivez seulement « simulated »</translation>
+    </message>
 </context>
 <context>
     <name>CommandsCommand</name>
@@ -613,6 +621,10 @@ Options de toutes les commandes :
     <message>
         <source>two devices have the port %1</source>
         <translation>deux appareils ont le port %1</translation>
+    </message>
+    <message>
+        <source>the device &quot;%1&quot; names no scenario</source>
+        <translation>l’appareil « %1 » ne nomme aucun scénario</translation>
     </message>
 </context>
 <context>

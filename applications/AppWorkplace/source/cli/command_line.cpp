@@ -177,6 +177,18 @@ QStringList optionsFromFile(const CliEntry& entry, const QCommandLineParser& giv
     return arguments;
 }
 
+/// A port "simulated:" without a file behind it.
+Problem portRefusal(const Settings& settings)
+{
+    const QString what = QCoreApplication::translate("CommandLine", "the port \"%1\" names no file").arg(settings.port);
+    const QString mend =
+        QCoreApplication::translate("CommandLine", "name a scenario as simulated:FILE, or write only \"simulated\"");
+    const SettingOrigin origin = settings.origins.value(QStringLiteral("port"));
+    return origin.kind == SettingOrigin::Kind::File
+               ? configuration::refusal(origin.source, origin.line, what, mend)
+               : Problem{Problem::Kind::Usage, QStringLiteral("command line"), what, {}, mend};
+}
+
 /// The setting of the file that a command refuses, if it is one: the refusal names it as an option.
 SettingOrigin refusedSetting(const Invocation& invocation, const Problem& problem)
 {
@@ -308,6 +320,10 @@ Invocation readCommandLine(const QStringList& arguments, const QList<CliEntry>& 
     takeOptions(*invocation.options, invocation.settings);
     if (!invocation.settings.language.isEmpty() && !language::all().contains(invocation.settings.language)) {
         invocation.problem = language::refusal(invocation.settings.language);
+        return invocation;
+    }
+    if (invocation.settings.lacksScenarioFile()) {
+        invocation.problem = portRefusal(invocation.settings);
         return invocation;
     }
     QStringList all = arguments;

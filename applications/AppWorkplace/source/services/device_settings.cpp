@@ -48,6 +48,10 @@ std::optional<Problem> readDevices(const QStringList& names, const Settings& set
         if (device.port.isEmpty()) {
             return refusal(QCoreApplication::translate("DeviceSettings", "the device \"%1\" has no port").arg(name));
         }
+        if (device.lacksScenarioFile()) {
+            return refusal(
+                QCoreApplication::translate("DeviceSettings", "the device \"%1\" names no scenario").arg(name));
+        }
         if (!device.isSimulated() && ports.contains(device.port)) {
             return refusal(
                 QCoreApplication::translate("DeviceSettings", "two devices have the port %1").arg(device.port));

@@ -43,6 +43,7 @@ struct Settings
     }
     /// True: the simulator plays scenarioFile().
     bool hasScenario() const { return isSimulated() && port.contains(QLatin1Char(':')); }
+    bool lacksScenarioFile() const { return port == QLatin1String("simulated:"); }
     QString scenarioFile() const { return hasScenario() ? port.section(QLatin1Char(':'), 1) : QString(); }
 
     /// The wrench to work with: the one that is named, else the simulator's own; empty: none.
