@@ -33,6 +33,8 @@ private Q_SLOTS:
     void showsItsHelp();
     void listsTheElevenCommands();
     void listsThePorts();
+    void saysWhenItsResultsCannotBeWritten_data();
+    void saysWhenItsResultsCannotBeWritten();
     void saysWhatTheSimulatorRefuses();
     void refusesAPortOfTheConfigurationThatNamesNoFile();
     void refusesAFolderWithoutPlugins_data();
@@ -178,6 +180,28 @@ void TestCommandUsage::listsTheElevenCommands()
     std::sort(names.begin(), names.end());
     QCOMPARE(names, words("checkSerialId getPresetData listProgram listenEventsData searchAndConnect sendInitConfig "
                           "setKeepAlive setKeepAliveFonction setLock setProgram startDetection"));
+}
+
+void TestCommandUsage::saysWhenItsResultsCannotBeWritten_data()
+{
+    QTest::addColumn<QString>("arguments");
+    for (const char* arguments : {"--help", "--version", "ports", "doctor", "session --count 1"}) {
+        QTest::newRow(arguments) << QString::fromLatin1(arguments);
+    }
+}
+
+void TestCommandUsage::saysWhenItsResultsCannotBeWritten()
+{
+    QFETCH(QString, arguments);
+    const QTemporaryDir folder;
+    ProgramRun run;
+    QVERIFY(run.start(QStringLiteral("sh"),
+                      {QStringLiteral("-c"), QStringLiteral("exec \"%1\" --verbose --data \"%2\" %3 > /dev/full")
+                                                 .arg(QStringLiteral(APP_WORKPLACE), folder.path(), arguments)}));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), c_setUpProblem);
+    QVERIFY2(run.messages().contains(QLatin1String("The results cannot be written")), run.report());
+    QVERIFY2(!run.messages().contains(QLatin1String("exit status 0")), run.report());
 }
 
 void TestCommandUsage::saysWhatTheSimulatorRefuses()

@@ -59,6 +59,12 @@ QList<CliEntry> entriesWithWindow()
     return entries;
 }
 
+/// The status that the program ends with: who misses results is told, whatever else went well.
+int endOf(const Console& console, int exitStatus)
+{
+    return exitStatus == 0 && console.hasLost() ? int(Problem::Kind::SetUp) : exitStatus;
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -76,7 +82,7 @@ int main(int argc, char* argv[])
     Console console(stdout, stderr, invocation.isJson, mannerOf(invocation.settings));
     if (!invocation.help.isEmpty()) {
         console.line(invocation.help);
-        return 0;
+        return endOf(console, 0);
     }
     translations::install(language::choose(invocation.settings).name);
     log_lines::show(invocation.settings.isVerbose);
@@ -101,12 +107,13 @@ int main(int argc, char* argv[])
     QObject::connect(command.get(), &CliCommand::sigDone, application.get(), &QCoreApplication::exit,
                      Qt::QueuedConnection);
     QTimer::singleShot(0, command.get(), &CliCommand::start);
-    const int exitStatus = QCoreApplication::exec();
+    int exitStatus = QCoreApplication::exec();
     command.reset();
     // What was left to the event loop to delete; it no longer runs.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    exitStatus = endOf(console, exitStatus);
     console.remark(QCoreApplication::translate("Main", "%1 ended after %2 s with exit status %3")
                        .arg(invocation.entry->name, QLocale().toString(log_lines::secondsSinceStart(), 'f', 3))
                        .arg(exitStatus));
-    return exitStatus == 0 && console.hasLost() ? int(Problem::Kind::SetUp) : exitStatus;
+    return exitStatus;
 }

@@ -95,7 +95,9 @@ DoctorCommand::DoctorCommand(const CliContext& context, const DoctorOrder& order
     connect(&m_doctor, &Doctor::sigFailed, this, [this](const Problem& problem) { tell(problem); });
     connect(&m_doctor, &Doctor::sigFinished, this, [this](const DoctorSummary& summary) {
         m_report->summary(summary);
-        Q_EMIT sigDone(summary.exitStatus);
+        // It was interrupted because its findings cannot be written; the device has no part in that.
+        const bool isLost = summary.isInterrupted && m_console.hasLost();
+        Q_EMIT sigDone(isLost ? int(Problem::Kind::SetUp) : summary.exitStatus);
     });
 }
 
