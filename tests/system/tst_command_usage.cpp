@@ -32,6 +32,7 @@ private Q_SLOTS:
     void showsItsHelp_data();
     void showsItsHelp();
     void listsTheElevenCommands();
+    void tellsOfACommandOfTheDriver();
     void listsThePorts();
     void saysWhenItsResultsCannotBeWritten_data();
     void saysWhenItsResultsCannotBeWritten();
@@ -98,6 +99,8 @@ void TestCommandUsage::refusesAWrongCommandLine_data()
     row("ports more", "\"more\"");
     row("commands setLock setProgram", "one command");
     row("commands frobnicate", "\"frobnicate\"");
+    row("commands driver/setLock", "\"driver/setLock\"");
+    row("commands elsewhere/write", "\"elsewhere/write\"");
     row("ports --port simulated:", "the port \"simulated:\" names no file");
     row("run", "no command of a plugin is named");
     row("run frobnicate", "\"frobnicate\"");
@@ -180,6 +183,17 @@ void TestCommandUsage::listsTheElevenCommands()
     std::sort(names.begin(), names.end());
     QCOMPARE(names, words("checkSerialId getPresetData listProgram listenEventsData searchAndConnect sendInitConfig "
                           "setKeepAlive setKeepAliveFonction setLock setProgram startDetection"));
+}
+
+void TestCommandUsage::tellsOfACommandOfTheDriver()
+{
+    WorkplaceRun run;
+    QVERIFY(run.start(words("commands --json driver/listenEventsData")));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), 0);
+    const QList<QJsonObject> commands = run.events(QStringLiteral("command"));
+    QCOMPARE(commands.size(), 1); // the device has one of that name, too
+    QCOMPARE(commands.first().value(QLatin1String("plugin")).toString(), QStringLiteral("Plugin Driver Serial"));
 }
 
 void TestCommandUsage::saysWhenItsResultsCannotBeWritten_data()

@@ -10,6 +10,8 @@
 
 namespace {
 
+const QString c_driverPrefix = QStringLiteral("driver/"); // as in "run driver/write"
+
 std::unique_ptr<CliCommand> make(const CliContext& context, Problem* problem)
 {
     if (context.arguments.size() > 1) {
@@ -63,13 +65,17 @@ void tellDeclarations(Console& console, const QString& title, const QJsonArray& 
 CliEntry CommandsCommand::entry()
 {
     return {QStringLiteral("commands"),
-            QStringLiteral("[COMMAND]"),
+            QStringLiteral("[[driver/]COMMAND]"),
             tr("Lists what the loaded plugins offer, or tells about one command."),
             {},
             &make};
 }
 
-CommandsCommand::CommandsCommand(const CliContext& context) : CliCommand(context), m_command(context.arguments.value(0))
+CommandsCommand::CommandsCommand(const CliContext& context)
+    : CliCommand(context)
+    , m_named(context.arguments.value(0))
+    , m_isOfDriver(m_named.startsWith(c_driverPrefix))
+    , m_command(m_isOfDriver ? m_named.mid(c_driverPrefix.size()) : m_named)
 {}
 
 void CommandsCommand::start()
@@ -90,7 +96,7 @@ void CommandsCommand::start()
     } else if (!isTold) {
         tell({Problem::Kind::Usage,
               QStringLiteral("commands"),
-              tr("no loaded plugin has the command \"%1\"").arg(m_command),
+              tr("no loaded plugin has the command \"%1\"").arg(m_named),
               {},
               tr("\"app_workplace commands\" lists what there is")});
         Q_EMIT sigDone(int(Problem::Kind::Usage));
@@ -101,6 +107,9 @@ void CommandsCommand::start()
 
 bool CommandsCommand::tellOf(const DAbstractPlugin& plugin)
 {
+    if (m_isOfDriver && !Workplace::hasRole(plugin, Workplace::Role::Driver)) {
+        return false;
+    }
     if (!m_command.isEmpty() && !plugin.commandNames().contains(m_command)) {
         return false;
     }

@@ -22,5 +22,7 @@ private:
     void tellAll(const DAbstractPlugin& plugin);
     void tellOne(const DAbstractPlugin& plugin, const QJsonObject& description);
 
+    const QString m_named; // as it was asked for
+    const bool m_isOfDriver;
     const QString m_command; // empty: all
 };

@@ -82,11 +82,16 @@ std::optional<Problem> Workplace::loadPlugins()
     return checkDriverSettings(*rootsOf(Role::Driver).constFirst(), m_settings);
 }
 
+bool Workplace::hasRole(const DAbstractPlugin& plugin, Role role)
+{
+    return plugin.pluginType() == (role == Role::Driver ? c_driverType : c_deviceType);
+}
+
 QList<const DAbstractPlugin*> Workplace::rootsOf(Role role) const
 {
     QList<const DAbstractPlugin*> roots;
     for (const DAbstractPlugin* root : m_plugins.roots()) {
-        if (root->pluginType() == (role == Role::Driver ? c_driverType : c_deviceType)) {
+        if (hasRole(*root, role)) {
             roots.append(root);
         }
     }

@@ -36,6 +36,7 @@ public:
     /// not enough to work with.
     std::optional<Problem> loadPlugins();
     const DPluginLoader& plugins() const { return m_plugins; }
+    static bool hasRole(const DAbstractPlugin& plugin, Role role);
     QList<const DAbstractPlugin*> rootsOf(Role role) const;
     /// The first plugin of that role with the command; null when there is none.
     const DAbstractPlugin* rootWith(const QString& command, Role role) const;
