@@ -7,6 +7,8 @@
 
 #include "gui/chart_scale.h"
 #include "gui/window_types.h"
+#include "services/language.h"
+#include "services/translations.h"
 #include "window_fakes.h"
 #include "window_scene.h"
 
@@ -89,6 +91,7 @@ private Q_SLOTS:
     {
         const QStringList warnings = m_scene->warnings();
         m_scene.reset();
+        translations::install(QStringLiteral("en"));
         QCOMPARE(warnings, QStringList());
     }
 
@@ -171,6 +174,30 @@ private Q_SLOTS:
         result[QStringLiteral("torqueText")] = QStringLiteral("1#.0");
         device()->setProperty("result", result);
         QCOMPARE(item("work.idTorque")->property("text").toString(), QStringLiteral("1#.0"));
+    }
+
+    void lockIsReadInFull_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QByteArray>("device");
+        QByteArray locked = window_fakes::workingDevice();
+        locked.replace("property bool isLocked: false", "property bool isLocked: true");
+        for (const QString& name : language::all()) {
+            QTest::addRow("not known, %s", qPrintable(name)) << name << window_fakes::idleDevice();
+            QTest::addRow("unlocked, %s", qPrintable(name)) << name << window_fakes::workingDevice();
+            QTest::addRow("locked, %s", qPrintable(name)) << name << locked;
+        }
+    }
+    void lockIsReadInFull()
+    {
+        QFETCH(QString, language);
+        QFETCH(QByteArray, device);
+        translations::install(language);
+        // Beside the list of the pages.
+        show("WorkPage { anchors.fill: parent; anchors.leftMargin: 22 * Style.baseHeight; workplace: parent.window; "
+             "device: workplace.current }",
+             device, {1024, 600});
+        QCOMPARE(item("work.idLock.idSaid")->property("truncated").toBool(), false);
     }
 
     void problemIsToldAndForgotten()

@@ -1360,7 +1360,7 @@ Optionen aller Befehle:
     <name>LockCard</name>
     <message>
         <source>Lock: not known</source>
-        <translation>Sperre: nicht bekannt</translation>
+        <translation>Sperre: unbekannt</translation>
     </message>
     <message>
         <source>Locked</source>

@@ -18,6 +18,7 @@ UiCard {
 
         font: Style.fontLabel
         height: 2.6 * Style.baseHeight
+        objectName: card.objectName + ".idSaid"
         text: !card.isKnown ? qsTr("Lock: not known") : card.isLocked ? qsTr("Locked") : qsTr("Unlocked")
         width: parent.width
     }
