@@ -19,6 +19,9 @@ FOLDERS = {"app_workplace": "applications/AppWorkplace/translations",
            "lib_plugins_management": "libraries/lib_plugins_management/translations",
            "p_device_haitor": "plugins/p_device_haitor/translations",
            "p_driver_serial": "plugins/p_driver_serial/translations"}
+# What a person meets in more places than one: these texts have one translation, and these words are no translation.
+ONE_WORD = {"de": ["good", "not good", "lock", "unlock", "time"], "fr": ["time"]}
+OTHER_WORDS = {"de": ["freigeben", "freigegeben"], "fr": ["blocage", "débloqu"]}
 LIMIT_S = 60
 
 
@@ -78,6 +81,19 @@ class TranslationsTest(unittest.TestCase):
             for (context, text, _), message in messages(path).items():
                 self.assertEqual(sorted(names.findall(message.findtext("translation"))), sorted(names.findall(text)),
                                  (context, text))
+
+    def test_one_thing_has_one_word(self):
+        for language in LANGUAGES:
+            path = os.path.join(ROOT, FOLDERS["app_workplace"], f"app_workplace_{language}.ts")
+            found = {text: set() for text in ONE_WORD[language]}
+            for (context, text, _), message in messages(path).items():
+                translation = message.findtext("translation").lower()
+                if text.lower() in found:
+                    found[text.lower()].add(translation)
+                for word in OTHER_WORDS[language]:
+                    self.assertNotIn(word, translation, (context, text))
+            for text, translations in found.items():
+                self.assertEqual(len(translations), 1, f"{text}: {translations}")
 
 
 if __name__ == "__main__":

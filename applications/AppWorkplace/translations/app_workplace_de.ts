@@ -1160,11 +1160,11 @@ Optionen aller Befehle:
     <name>HistoryTable</name>
     <message>
         <source>good</source>
-        <translation>gut</translation>
+        <translation>i.O.</translation>
     </message>
     <message>
         <source>not good</source>
-        <translation>nicht gut</translation>
+        <translation>n.i.O.</translation>
     </message>
 </context>
 <context>
@@ -1368,7 +1368,7 @@ Optionen aller Befehle:
     </message>
     <message>
         <source>Unlocked</source>
-        <translation>Freigegeben</translation>
+        <translation>Entsperrt</translation>
     </message>
     <message>
         <source>Lock</source>
@@ -1376,7 +1376,7 @@ Optionen aller Befehle:
     </message>
     <message>
         <source>Unlock</source>
-        <translation>Freigeben</translation>
+        <translation>Entsperren</translation>
     </message>
 </context>
 <context>
@@ -1801,11 +1801,11 @@ Optionen aller Befehle:
     <name>ResultCard</name>
     <message>
         <source>GOOD</source>
-        <translation>GUT</translation>
+        <translation>i.O.</translation>
     </message>
     <message>
         <source>NOT GOOD</source>
-        <translation>NICHT GUT</translation>
+        <translation>n.i.O.</translation>
     </message>
     <message>
         <source>Connect to a wrench first.</source>
@@ -1984,7 +1984,7 @@ Optionen aller Befehle:
     </message>
     <message>
         <source>A result that is not good</source>
-        <translation>Ein Ergebnis, das nicht gut ist</translation>
+        <translation>Ein Ergebnis, das nicht in Ordnung ist</translation>
     </message>
     <message>
         <source>Close</source>
@@ -2157,11 +2157,11 @@ Optionen aller Befehle:
     </message>
     <message>
         <source>good</source>
-        <translation>gut</translation>
+        <translation>i.O.</translation>
     </message>
     <message>
         <source>not good</source>
-        <translation>nicht gut</translation>
+        <translation>n.i.O.</translation>
     </message>
     <message>
         <source>Let all through</source>
@@ -2409,7 +2409,7 @@ Optionen aller Befehle:
     <name>ResultsTotals</name>
     <message>
         <source>%1 results, %2 good, %3 not good, %4 gaps, %5 repeated</source>
-        <translation>%1 Ergebnisse, %2 gut, %3 nicht gut, %4 Lücken, %5 wiederholt</translation>
+        <translation>%1 Ergebnisse, %2 i.O., %3 n.i.O., %4 Lücken, %5 wiederholt</translation>
     </message>
     <message>
         <source>Results: %1</source>
@@ -2417,11 +2417,11 @@ Optionen aller Befehle:
     </message>
     <message>
         <source>good: %1</source>
-        <translation>gut: %1</translation>
+        <translation>i.O.: %1</translation>
     </message>
     <message>
         <source>not good: %1</source>
-        <translation>nicht gut: %1</translation>
+        <translation>n.i.O.: %1</translation>
     </message>
     <message>
         <source>gaps: %1</source>
@@ -2436,11 +2436,11 @@ Optionen aller Befehle:
     <name>RunCard</name>
     <message>
         <source>%1 good</source>
-        <translation>%1 gut</translation>
+        <translation>%1 i.O.</translation>
     </message>
     <message>
         <source>%1 not good</source>
-        <translation>%1 nicht gut</translation>
+        <translation>%1 n.i.O.</translation>
     </message>
     <message>
         <source>target %1</source>
@@ -3370,11 +3370,11 @@ Optionen aller Befehle:
     <name>UiVerdict</name>
     <message>
         <source>good</source>
-        <translation>gut</translation>
+        <translation>i.O.</translation>
     </message>
     <message>
         <source>not good</source>
-        <translation>nicht gut</translation>
+        <translation>n.i.O.</translation>
     </message>
 </context>
 <context>

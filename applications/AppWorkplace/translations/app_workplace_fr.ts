@@ -551,7 +551,7 @@ Options de toutes les commandes :
     </message>
     <message>
         <source>unlocking the wrench</source>
-        <translation>déblocage de la clé</translation>
+        <translation>déverrouillage de la clé</translation>
     </message>
 </context>
 <context>
@@ -2141,7 +2141,7 @@ Options de toutes les commandes :
     </message>
     <message>
         <source>Time</source>
-        <translation>Temps</translation>
+        <translation>Heure</translation>
     </message>
     <message>
         <source>Wrench</source>
@@ -2192,7 +2192,7 @@ Options de toutes les commandes :
     <name>ResultsPage</name>
     <message>
         <source>time</source>
-        <translation>temps</translation>
+        <translation>heure</translation>
     </message>
     <message>
         <source>wrench</source>
@@ -3066,7 +3066,7 @@ Options de toutes les commandes :
     </message>
     <message>
         <source>unlock</source>
-        <translation>déblocage</translation>
+        <translation>déverrouillage</translation>
     </message>
     <message>
         <source>listen</source>
@@ -3138,7 +3138,7 @@ Options de toutes les commandes :
     </message>
     <message>
         <source>lock</source>
-        <translation>blocage</translation>
+        <translation>verrouillage</translation>
     </message>
 </context>
 <context>
