@@ -78,6 +78,7 @@ private Q_SLOTS:
     void refusesALockedFile();
     void saysThatStoringIsLocked();
     void refusesAReadOnlyFolder();
+    void refusesAFileThatMayOnlyBeRead();
     void refusesAFolderThatCannotBeMade();
     void saysThatTheDiskIsFull();
     void storesAgainWhenThereIsRoom();
@@ -435,6 +436,28 @@ void TestHistoryStore::refusesAReadOnlyFolder()
     ::chmod(QFile::encodeName(history.folder()).constData(), 0755);
     QVERIFY2(problem && problem->mend.contains(QLatin1String("right to write")), qPrintable(whatOf(problem)));
     QVERIFY2(beginning && beginning->mend.contains(QLatin1String("right to write")), qPrintable(whatOf(beginning)));
+}
+
+// With the files that a reader needs beside it SQLite opens it all the same, for reading.
+void TestHistoryStore::refusesAFileThatMayOnlyBeRead()
+{
+    const HistoryFixture history;
+    QVERIFY(history.fill({HistoryFixture::result(1)}));
+    HistoryStore reader(history.folder());
+    QVERIFY(!reader.openToRead());
+    ::chmod(QFile::encodeName(history.folder()).constData(), 0755);
+    for (const char* end : {"", "-wal", "-shm"}) {
+        const QString file = history.file() + QLatin1String(end);
+        QVERIFY2(QFile::exists(file), qPrintable(file));
+        ::chmod(QFile::encodeName(file).constData(), 0444);
+    }
+    std::optional<Problem> problem;
+    {
+        const OrdinaryUser user;
+        HistoryStore store(history.folder());
+        problem = store.openToWrite();
+    }
+    QVERIFY2(problem && problem->mend.contains(QLatin1String("right to write")), qPrintable(whatOf(problem)));
 }
 
 // A file in the place of the folder.

@@ -60,6 +60,20 @@ bool HistoryDatabase::run(QSqlQuery& query)
     return false;
 }
 
+// SQLite begins to read where it may not write, without a word.
+bool HistoryDatabase::tryToWrite()
+{
+    if (!run(QStringLiteral("BEGIN IMMEDIATE"))) {
+        return false;
+    }
+    const QString version = value(QStringLiteral("PRAGMA user_version")).toString();
+    const bool isWritten = run(QStringLiteral("PRAGMA user_version = ") + version);
+    const QSqlError error = m_error;
+    run(QStringLiteral("ROLLBACK"));
+    m_error = error;
+    return isWritten;
+}
+
 bool HistoryDatabase::runTogether(const QStringList& statements)
 {
     if (!run(QStringLiteral("BEGIN IMMEDIATE"))) {

@@ -23,6 +23,8 @@ public:
     bool open();
     bool run(const QString& statement);
     bool run(QSqlQuery& query);
+    /// Takes the lock that writing needs, and writes nothing that lasts.
+    bool tryToWrite();
     /// All of them or none.
     bool runTogether(const QStringList& statements);
     /// The first value that the statement yields; invalid: none, or error() says why.

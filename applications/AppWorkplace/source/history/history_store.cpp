@@ -116,8 +116,8 @@ std::optional<Problem> HistoryStore::openToWrite(const QVector<history_schema::M
     if (version < newest && !m_database->runTogether(history_schema::statementsFrom(version, migrations))) {
         return problem(QCoreApplication::translate("History", "the history cannot be brought up to date"));
     }
-    // Takes the lock that storing needs: whoever may not write is told now, not at the first result.
-    if (!m_database->runTogether({})) {
+    // Whoever may not write is told now, not at the first result.
+    if (!m_database->tryToWrite()) {
         return problem(what);
     }
     m_insertion = std::make_unique<QSqlQuery>(m_database->prepared(insertion()));
