@@ -83,6 +83,8 @@ private Q_SLOTS:
     void failsTheStageThatGoesOn();
     void letsAStageStandALineError();
     void hasTheStagesInTheirOrder();
+    void saysWhenResultsHaveComeMeanwhile_data();
+    void saysWhenResultsHaveComeMeanwhile();
     void closesTheLineWithoutAWordWhenNoneWasSaid();
 
     void namesAnotherDeviceThatRepeatsWhatIsSent_data();
@@ -202,6 +204,28 @@ void TestDoctor::hasTheStagesInTheirOrder()
     QCOMPARE(fixture.summary.exitStatus, 0);
     QCOMPARE(fixture.frames(), list("ATH, ATS, ATH, ATD 020000000001, ATH, DI:C, DT:0, DI:C, DT:0, ATH"));
     QCOMPARE(fixture.talk.constLast(), QStringLiteral("driver closeConnection"));
+}
+
+void TestDoctor::saysWhenResultsHaveComeMeanwhile_data()
+{
+    QTest::addColumn<QByteArray>("kept");
+    QTest::addColumn<bool>("isSaid");
+    QTest::newRow("none") << QByteArray() << false;
+    QTest::newRow("with the link") << QByteArray("RE:F:12.05,0,0,90,0,17,0\r\n") << true;
+}
+
+void TestDoctor::saysWhenResultsHaveComeMeanwhile()
+{
+    QFETCH(QByteArray, kept);
+    QFETCH(bool, isSaid);
+    DoctorOrder order = DoctorFixture::defaultOrder();
+    order.waitResultMs = 0;
+    DoctorFixture fixture(order);
+    fixture.answers[QStringLiteral("ATD 020000000001")].append(kept);
+    fixture.start();
+    fixture.runToTheEnd();
+    QCOMPARE(fixture.summary.exitStatus, 0);
+    QCOMPARE(fixture.events.contains(QStringLiteral("notice end")), isSaid);
 }
 
 void TestDoctor::closesTheLineWithoutAWordWhenNoneWasSaid()

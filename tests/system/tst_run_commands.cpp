@@ -47,6 +47,7 @@ private Q_SLOTS:
     void endsACommandWithoutAnswerAfterItsLimit();
     void interruptsACommandThatWaits();
     void failsWhenTheDeviceRefuses();
+    void saysWhatCameWithTheLink();
     void runsACommandOfTheDriver();
     void scansTheWrenchesInRange();
     void scansUntilItIsInterrupted();
@@ -177,6 +178,27 @@ void TestRunCommands::failsWhenTheDeviceRefuses()
     QCOMPARE(run.exitStatus(), 1);
     QCOMPARE(run.trace().arrived(), QStringList{QStringLiteral("ERR:3")});
     QCOMPARE(resultsOf(run).value(QLatin1String("failed")), QJsonValue(true));
+}
+
+void TestRunCommands::saysWhatCameWithTheLink()
+{
+    SimulatorRun simulator;
+    QVERIFY2(simulator.start(), simulator.report());
+    WorkplaceRun session;
+    QVERIFY(session.startSession(simulator, words("--count 1")));
+    const auto tighten = [&simulator] {
+        return simulator.say(QStringLiteral("tighten")).startsWith(QLatin1String("ok "));
+    };
+    QVERIFY2(waitForUnlock(session, simulator), session.report());
+    QVERIFY(tighten());
+    QVERIFY2(session.waitForEnd(), session.report());
+    QVERIFY(waitUntil(tighten)); // and nobody is connected
+    WorkplaceRun run;
+    QVERIFY(run.startOn(simulator.port(), words("run --connect --serial-id 2210 setLock lock=true")));
+    QVERIFY2(run.waitForEnd(), run.report());
+    QCOMPARE(run.exitStatus(), 0);
+    QVERIFY2(run.messages().contains(QLatin1String("1 tightening results came with the link, and are not stored")),
+             run.report());
 }
 
 void TestRunCommands::runsACommandOfTheDriver()

@@ -65,6 +65,14 @@ bool WorkplaceRun::waitForFrames(int count)
     return waitUntil([&] { return hasThem() || !isRunning(); }) && hasThem();
 }
 
+bool waitForUnlock(WorkplaceRun& session, SimulatorRun& simulator)
+{
+    return waitUntil([&] {
+        return session.trace().sent().contains(QStringLiteral("DT:0")) &&
+               simulator.say(QStringLiteral("wrenches")).contains(QStringLiteral(", unlocked"));
+    });
+}
+
 QString disorderAfter(WorkplaceRun& session, SimulatorRun& simulator)
 {
     if (session.isRunning()) {

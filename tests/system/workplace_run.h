@@ -37,6 +37,9 @@ private:
     QString m_store = m_folder.path();
 };
 
+/// The session has unlocked its wrench: from now on a tightening is a result of it. False: it has not within the time.
+bool waitForUnlock(WorkplaceRun& session, SimulatorRun& simulator);
+
 /// What is not as it has to be after a session on the simulator's line, however it ended; empty: all is in order. In
 /// order is: the dongle was told to hang up and did, the port was closed after that and is free.
 QString disorderAfter(WorkplaceRun& session, SimulatorRun& simulator);

@@ -657,6 +657,10 @@ Optionen aller Befehle:
         <source>the wrench could not be left unlocked, as it was found</source>
         <translation>der Schlüssel ließ sich nicht entsperrt lassen, wie er vorgefunden wurde</translation>
     </message>
+    <message>
+        <source>tightening results that have come meanwhile, and are not stored: %1; a session stores what comes</source>
+        <translation>Verschraubungsergebnisse, die inzwischen gekommen und nicht gespeichert sind: %1; eine Sitzung speichert, was kommt</translation>
+    </message>
 </context>
 <context>
     <name>DoctorCommand</name>
@@ -2540,6 +2544,10 @@ Optionen aller Befehle:
     <message>
         <source>the device said no or did not answer</source>
         <translation>das Gerät hat abgelehnt oder nicht geantwortet</translation>
+    </message>
+    <message>
+        <source>%1 tightening results came with the link, and are not stored; a session stores what comes</source>
+        <translation>%1 Verschraubungsergebnisse sind mit der Verbindung gekommen und nicht gespeichert; eine Sitzung speichert, was kommt</translation>
     </message>
 </context>
 <context>

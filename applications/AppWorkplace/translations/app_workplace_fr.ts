@@ -657,6 +657,10 @@ Options de toutes les commandes :
         <source>the wrench could not be left unlocked, as it was found</source>
         <translation>la clé n’a pas pu être laissée déverrouillée, comme elle avait été trouvée</translation>
     </message>
+    <message>
+        <source>tightening results that have come meanwhile, and are not stored: %1; a session stores what comes</source>
+        <translation>résultats de serrage arrivés entre-temps et non enregistrés : %1 ; une session enregistre ce qui arrive</translation>
+    </message>
 </context>
 <context>
     <name>DoctorCommand</name>
@@ -2540,6 +2544,10 @@ Options de toutes les commandes :
     <message>
         <source>the device said no or did not answer</source>
         <translation>l’appareil a refusé ou n’a pas répondu</translation>
+    </message>
+    <message>
+        <source>%1 tightening results came with the link, and are not stored; a session stores what comes</source>
+        <translation>%1 résultats de serrage sont arrivés avec la liaison et ne sont pas enregistrés ; une session enregistre ce qui arrive</translation>
     </message>
 </context>
 <context>

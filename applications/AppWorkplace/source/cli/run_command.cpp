@@ -138,7 +138,14 @@ void RunCommand::connectWrench(const DAbstractPlugin& device)
     connect(m_session.get(), &Session::sigStepStarted, this, [this](Session::Step step) {
         m_console.progress(QStringLiteral("%1 …").arg(shownStep(textOf(step).name)));
     });
-    connect(m_session.get(), &Session::sigReady, this, &RunCommand::execute);
+    connect(m_session.get(), &Session::sigReady, this, [this] {
+        if (const int results = m_session->unheardResults()) { // the wrench does not tell them again
+            m_console.message(tr("%1 tightening results came with the link, and are not stored; a session stores what "
+                                 "comes")
+                                  .arg(results));
+        }
+        execute();
+    });
     connect(m_session.get(), &Session::sigFailed, this, [this](const Problem& problem) {
         m_exitStatus = problem.exitStatus();
         m_console.progress({});

@@ -179,6 +179,11 @@ void Doctor::putLockBack()
 
 void Doctor::closeLine()
 {
+    if (const int results = m_bench.talk.resultsHeard()) { // the wrench does not tell them again
+        Q_EMIT sigNotice(c_endName, tr("tightening results that have come meanwhile, and are not stored: %1; a session "
+                                       "stores what comes")
+                                        .arg(results));
+    }
     m_bench.talk.close();
     if (m_bench.driver == nullptr || m_bench.device == nullptr) {
         Q_EMIT sigFinished(m_summary);

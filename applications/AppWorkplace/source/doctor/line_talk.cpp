@@ -4,6 +4,8 @@
 
 #include <lib_plugins_management/host/d_host.h>
 
+#include "line_words.h"
+
 namespace {
 
 constexpr int c_mostLines = 1000;
@@ -94,6 +96,7 @@ void LineTalk::hear(const QByteArray& bytes)
     if (line.isEmpty()) {
         return;
     }
+    m_resultsHeard += line.startsWith(line_words::c_result) ? 1 : 0;
     if (m_lines.size() < c_mostLines) {
         m_lines.append(line);
     }

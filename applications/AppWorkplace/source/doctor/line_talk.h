@@ -48,6 +48,8 @@ public:
     void forgetPartialLine() { m_observer.forgetPartialLine(); }
 
     QString writeError() const { return m_writeError; }
+    /// Tightening results among the lines, ever.
+    int resultsHeard() const { return m_resultsHeard; }
     /// A frame was sent, ever.
     bool hasSpoken() const { return m_hasSpoken; }
 
@@ -68,6 +70,7 @@ private:
     Hearer m_hearer;
     Ended m_ended;
     QStringList m_lines;
+    int m_resultsHeard = 0;
     qint64 m_forgottenBytes = 0;
     QString m_writeError;
     bool m_hasSpoken = false;
