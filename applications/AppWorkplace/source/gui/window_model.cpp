@@ -12,7 +12,7 @@ WindowModel::WindowModel(const WindowOrder& order, QObject* parent)
     , m_doctor([this] { return settingsOfCurrent(); })
     , m_history(Workplace::dataFolder(order.devices.first()))
     , m_page(order.page)
-    , m_theme(order.theme.isEmpty() ? themes().first() : order.theme)
+    , m_theme(order.theme.isEmpty() ? themes().constFirst() : order.theme)
     , m_language(language::choose(order.devices.first()).name)
 {
     connect(&m_devices, &DeviceList::sigAllEnded, this, [this] {
