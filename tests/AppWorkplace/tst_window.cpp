@@ -182,7 +182,8 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("device");
         QByteArray locked = window_fakes::workingDevice();
         locked.replace("property bool isLocked: false", "property bool isLocked: true");
-        for (const QString& name : language::all()) {
+        const QStringList names = language::all();
+        for (const QString& name : names) {
             QTest::addRow("not known, %s", qPrintable(name)) << name << window_fakes::idleDevice();
             QTest::addRow("unlocked, %s", qPrintable(name)) << name << window_fakes::workingDevice();
             QTest::addRow("locked, %s", qPrintable(name)) << name << locked;
