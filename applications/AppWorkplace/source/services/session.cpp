@@ -81,7 +81,8 @@ void Session::connectSetUp()
     connect(&m_setUp, &SetUp::sigNamesakes, this, &Session::sigNamesakes);
     connect(&m_setUp, &SetUp::sigUnverified, this, &Session::sigUnverified);
     connect(&m_setUp, &SetUp::sigProgramsRead, this, [this](const QVariantList& programs) {
-        m_program = programs.constFirst().toMap().value(c_progId).toInt(); // the walk through the list ends where it began
+        m_program =
+            programs.constFirst().toMap().value(c_progId).toInt(); // the walk through the list ends where it began
         Q_EMIT sigPrograms(programs);
     });
     connect(&m_setUp, &SetUp::sigStepStarted, this, [this, isFirst](Step step) {
