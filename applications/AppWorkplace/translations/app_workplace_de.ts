@@ -2896,8 +2896,8 @@ Optionen aller Befehle:
         <translation>%1; Programm %2</translation>
     </message>
     <message>
-        <source>%1; program %2 (the last one listed; none was selected)</source>
-        <translation>%1; Programm %2 (das zuletzt gelesene; keines wurde ausgewählt)</translation>
+        <source>%1; program %2 (the first one listed; none was selected)</source>
+        <translation>%1; Programm %2 (das erste der Liste; keines wurde ausgewählt)</translation>
     </message>
     <message>
         <source>the dongle holds a link from before and does not say to which wrench: when it may be another one than %1, unplug the dongle, plug it in again and start anew</source>

@@ -2896,8 +2896,8 @@ Options de toutes les commandes :
         <translation>%1 ; programme %2</translation>
     </message>
     <message>
-        <source>%1; program %2 (the last one listed; none was selected)</source>
-        <translation>%1 ; programme %2 (le dernier lu ; aucun n’a été sélectionné)</translation>
+        <source>%1; program %2 (the first one listed; none was selected)</source>
+        <translation>%1 ; programme %2 (le premier de la liste ; aucun n’a été sélectionné)</translation>
     </message>
     <message>
         <source>the dongle holds a link from before and does not say to which wrench: when it may be another one than %1, unplug the dongle, plug it in again and start anew</source>

@@ -204,8 +204,8 @@ void SessionTextReport::summary(const SessionSummary& summary)
     }
     line = tr("%1; %2").arg(line, seconds(summary.elapsedMs));
     if (summary.program > 0) {
-        // What the plugin records without a selection is the end of its walk through the list.
-        line = (m_isSelected ? tr("%1; program %2") : tr("%1; program %2 (the last one listed; none was selected)"))
+        // There the wrench stands when its list has been read.
+        line = (m_isSelected ? tr("%1; program %2") : tr("%1; program %2 (the first one listed; none was selected)"))
                    .arg(line)
                    .arg(summary.program);
     }
