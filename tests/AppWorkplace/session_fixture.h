@@ -140,6 +140,12 @@ public:
                                  action();
                              }});
     }
+    /// The dongle says nothing to the hang-up.
+    void hangUpInSilence()
+    {
+        driver->setReaction(QStringLiteral("write"),
+                            {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, {}});
+    }
     /// The wrench is unlocked, and does that before it says so.
     void whenUnlocked(const std::function<void()>& action)
     {

@@ -38,6 +38,7 @@ private Q_SLOTS:
     void tellsAResultThatIsOnItsWayAtTheEnd();
     void tellsWhatComesUntilTheDongleHasHungUp();
     void closesWhenTheDongleDoesNotHangUp();
+    void beginsALineAnewThatIsCutOffAtTheEnd();
     void showsAResultThatComesWhileTheWrenchIsBeingUnlocked();
     void countsGoodAndNotGood();
     void tellsTheProgramOfTheListening();
@@ -226,8 +227,7 @@ void TestSessionCourse::tellsAResultThatIsOnItsWayAtTheEnd()
 void TestSessionCourse::tellsWhatComesUntilTheDongleHasHungUp()
 {
     SessionFixture fixture;
-    fixture.driver->setReaction(QStringLiteral("write"),
-                                {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, {}});
+    fixture.hangUpInSilence();
     fixture.start();
     fixture.session->interrupt();
     fixture.turn();
@@ -247,8 +247,7 @@ void TestSessionCourse::tellsWhatComesUntilTheDongleHasHungUp()
 void TestSessionCourse::closesWhenTheDongleDoesNotHangUp()
 {
     SessionFixture fixture;
-    fixture.driver->setReaction(QStringLiteral("write"),
-                                {Reaction::Kind::Answer, {{QStringLiteral("cmd_success"), true}}, {}});
+    fixture.hangUpInSilence();
     fixture.start();
     fixture.session->interrupt();
     fixture.turn();
@@ -257,6 +256,21 @@ void TestSessionCourse::closesWhenTheDongleDoesNotHangUp()
     fixture.advance(1);
     QCOMPARE(fixture.ends, 1);
     QCOMPARE(fixture.lastTalk(5), SessionFixture::orderlyEnd());
+}
+
+void TestSessionCourse::beginsALineAnewThatIsCutOffAtTheEnd()
+{
+    SessionFixture fixture;
+    fixture.hangUpInSilence();
+    fixture.start();
+    fixture.session->interrupt();
+    fixture.turn();
+    fixture.talk.clear();
+    fixture.loseLine();
+    fixture.openLine();
+    fixture.turn();
+    QCOMPARE(fixture.talk, (QStringList{QStringLiteral("device stopped listenEventsData"),
+                                        QStringLiteral("device listenEventsData")}));
 }
 
 void TestSessionCourse::showsAResultThatComesWhileTheWrenchIsBeingUnlocked()

@@ -285,7 +285,7 @@ QVariantMap Session::presetOf(int program) const
 
 void Session::driverChanged(const QString& property)
 {
-    if (!m_isEnding && property == QLatin1String(c_lineState)) {
+    if (property == QLatin1String(c_lineState)) { // also while it ends, for it still takes results
         followLine(driverText(c_lineState));
     }
     if (m_isEnding || (m_step == Step::Listen && m_order.listens)) {
