@@ -12,8 +12,9 @@ namespace {
 // Properties of the driver.
 const QString c_connected = QStringLiteral("connected");
 const QString c_lineError = QStringLiteral("lineError");
-const QString c_listenCommand = QStringLiteral("listenEventsData"); // of any plugin
 const QString c_lineState = QStringLiteral("lineState");
+
+const QString c_listenCommand = QStringLiteral("listenEventsData"); // of any plugin
 constexpr qint64 c_microsecondsPerMillisecond = 1000;
 
 } // namespace

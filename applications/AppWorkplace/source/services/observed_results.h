@@ -16,6 +16,8 @@ public:
     /// line: without its line end; what is no result is left out. chunk: the driver's number of the chunk that ended
     /// the line.
     void add(const QByteArray& line, int chunk);
+    /// How many are known that no record was made from.
+    int count() const { return int(m_seen.size()); }
     /// The line that the record was made from; empty when it was not seen. It and all before it are forgotten.
     QByteArray take(const QVariantMap& eventData);
 

@@ -13,7 +13,6 @@ namespace {
 constexpr int c_lostLimitMs = 500; // a loose contact is not a lost line, and who knows more of it tells first
 constexpr qint64 c_microsecondsPerMillisecond = 1000;
 
-const QByteArray c_resultMark = QByteArrayLiteral("RE:F:");
 const QString c_progId = QStringLiteral("progId");
 const QString c_presetData = QStringLiteral("presetData");
 const QString c_eventData = QStringLiteral("eventData");
@@ -41,9 +40,6 @@ Session::Session(const LinkedDevice& wrench, const SessionOrder& order, QObject*
     connect(&m_observer, &LineObserver::sigLineHeard, this, [this](const QByteArray& line, int chunk) {
         if (m_step != Step::Connect || m_setUp.isLinked()) {
             m_observed.add(line, chunk);
-        }
-        if (!m_order.listens && m_step != Step::Listen && line.trimmed().startsWith(c_resultMark)) {
-            ++m_unheardResults;
         }
     });
     connect(&m_observer, &LineObserver::sigChunkHeard, this, [this](int chunk) {

@@ -51,8 +51,9 @@ public:
     /// a restoring brings the wrench back to. program: from 1.
     void selectProgram(int program);
     void setLock(bool isLocked);
-    /// How many results came before a session that does not listen itself was ready.
-    int unheardResults() const { return m_unheardResults; }
+    /// How many results of the wrench were seen on the line that nobody has taken: all, in a session that does not
+    /// listen itself. More than ObservedResults::c_mostLines are not counted.
+    int unheardResults() const { return m_observed.count(); }
     /// From inside sigResult: it is a reading that was told before, and does not count.
     void discount(const TighteningResult& result);
 
@@ -127,9 +128,8 @@ private:
     std::unique_ptr<DOrder> m_listener;
     ObservedResults m_observed;
     QList<TighteningResult> m_early; // results that came before the session listens
-    int m_unheardResults = 0;
-    int m_program = 0;          // the wrench stands at it; 0: that is not known
-    Clock::TimerId m_timer = 0; // of opening the line, of a lost line, and of listening
+    int m_program = 0;               // the wrench stands at it; 0: that is not known
+    Clock::TimerId m_timer = 0;      // of opening the line, of a lost line, and of listening
     Step m_step = Step::Open;
     qint64 m_startUs = 0;
     SessionSummary m_summary;
