@@ -16,6 +16,7 @@
 
 namespace {
 constexpr int c_shortSoak = 25;
+constexpr int c_nextLineMs = 100;    // of a slow line
 constexpr int c_patienceMs = 600000; // simulated: all steps with their limits, and the longest listening
 
 /// "7" or "1-200", from the environment: which seeds.
@@ -33,6 +34,14 @@ struct Seeds
     quint32 first = 1;
     quint32 last = c_shortSoak;
 };
+
+/// A result every 100 ms, its bytes 2 ms apart.
+QStringList slowLine()
+{
+    return {QStringLiteral("--rate"),        QStringLiteral("10"),
+            QStringLiteral("--fault"),       QStringLiteral("split:1,2"),
+            QStringLiteral("--scan-period"), QStringLiteral("100")};
+}
 } // namespace
 
 /// Sessions in seed-drawn weathers: however it goes, each ends, in good order, and says truly how.
@@ -120,12 +129,9 @@ void TestSoakSessions::session()
 /// At each byte of a result line.
 void TestSoakSessions::lineCutOffByAPulledAdapterIsNoResult()
 {
-    constexpr int c_nextLineMs = 100; // a line every 100 ms, its bytes 2 ms apart
     constexpr int c_listeningMs = 3000;
     for (int ms = 0; ms <= c_nextLineMs; ms += 2) {
-        SimulatedWorkplace workplace({QStringLiteral("--rate"), QStringLiteral("10"), QStringLiteral("--fault"),
-                                      QStringLiteral("split:1,2"), QStringLiteral("--scan-period"),
-                                      QStringLiteral("100")});
+        SimulatedWorkplace workplace(slowLine());
         SessionOrder order;
         order.serialId = QStringLiteral("2210");
         order.durationMs = c_listeningMs;
@@ -147,11 +153,8 @@ void TestSoakSessions::lineCutOffByAPulledAdapterIsNoResult()
 /// The same for a command that is run by its name.
 void TestSoakSessions::lineCutOffIsNoResultOfACommandEither()
 {
-    constexpr int c_nextLineMs = 100; // as above
     for (int ms = 0; ms <= c_nextLineMs; ms += 2) {
-        SimulatedWorkplace workplace({QStringLiteral("--rate"), QStringLiteral("10"), QStringLiteral("--fault"),
-                                      QStringLiteral("split:1,2"), QStringLiteral("--scan-period"),
-                                      QStringLiteral("100")});
+        SimulatedWorkplace workplace(slowLine());
         SessionOrder order;
         order.serialId = QStringLiteral("2210");
         order.listens = false;

@@ -30,6 +30,16 @@ bool holdAt(int frame, SimulatorRun& simulator, WorkplaceRun& session)
            session.waitForFrames(frame);
 }
 
+/// Nobody hangs up: the dongle is linked still.
+bool killASessionThatTakesResults(SimulatorRun& simulator, const QStringList& options = {})
+{
+    WorkplaceRun session;
+    const bool takesResults =
+        session.startSession(simulator, options) && session.waitForEvents(QStringLiteral("result"));
+    session.sendSignal(SIGKILL);
+    return takesResults && session.waitForEnd();
+}
+
 } // namespace
 
 class TestSessionEnded : public QObject
@@ -125,13 +135,7 @@ void TestSessionEnded::letsTheNextSessionInAfterItWasKilled()
 {
     SimulatorRun simulator;
     QVERIFY2(simulator.start(tightening()), simulator.report());
-    WorkplaceRun killed;
-    QVERIFY(killed.startSession(simulator));
-    QVERIFY2(killed.waitForEvents(QStringLiteral("result")), killed.report());
-    killed.sendSignal(SIGKILL);
-    QVERIFY2(killed.waitForEnd(), killed.report());
-
-    // Nobody has hung up: the dongle is linked still, and says so.
+    QVERIFY(killASessionThatTakesResults(simulator));
     WorkplaceRun next;
     QVERIFY(next.startSession(simulator, {QStringLiteral("--count"), QStringLiteral("1")}));
     QVERIFY2(next.waitForEnd(), next.report());
@@ -147,12 +151,7 @@ void TestSessionEnded::dialsItsOwnWrenchAfterAnothersWasKilled()
     QVERIFY2(
         simulator.start(tightening() + QStringList{wrench, QStringLiteral("2211"), wrench, QStringLiteral("2210")}),
         simulator.report());
-    WorkplaceRun killed;
-    QVERIFY(killed.startSession(simulator, {QStringLiteral("--serial-id"), QStringLiteral("2211")}));
-    QVERIFY2(killed.waitForEvents(QStringLiteral("result")), killed.report());
-    killed.sendSignal(SIGKILL);
-    QVERIFY2(killed.waitForEnd(), killed.report());
-
+    QVERIFY(killASessionThatTakesResults(simulator, {QStringLiteral("--serial-id"), QStringLiteral("2211")}));
     WorkplaceRun next;
     QVERIFY(next.startSession(simulator, {QStringLiteral("--count"), QStringLiteral("1")}));
     QVERIFY2(next.waitForEnd(), next.report());
